@@ -1,0 +1,108 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
+"""Fails when a file includes what its place in the tree must not see.
+
+Usage: check_layers.py ROOT
+"""
+import pathlib
+import re
+import sys
+
+# For each layer of src/ the layers below it.
+BELOW = {
+    "Platform": [],
+    "Filters": ["Platform"],
+    "Producers": ["Platform", "Filters"],
+    "Camera": ["Platform"],
+    "Procedurals": ["Platform", "Camera"],
+    "Materials": ["Platform"],
+    "Utils": ["Platform", "Filters", "Producers", "Camera", "Procedurals", "Materials"],
+}
+EMBEDDED = {"Attributes", "Runtime", "Ops", "Services"}
+PUBLIC = {"OvSylvarProducers", "SylvarPlatform"}
+INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
+
+
+def includes(file):
+    """Each (bracket, path, first folder of the path) that the file includes."""
+    for bracket, path in INCLUDE.findall(file.read_text(encoding="utf-8")):
+        yield bracket, path, path.split("/")[0] if "/" in path else ""
+
+
+def sources(folder):
+    return sorted(f for f in folder.rglob("*") if f.suffix in {".h", ".hpp", ".c", ".cpp"})
+
+
+def public_header_faults(root):
+    for file in sources(root / "include"):
+        place = file.relative_to(root / "include")
+        plain_c = "suites" in place.parts
+        for bracket, path, top in includes(file):
+            if bracket != "<":
+                yield file, f"a public header includes with <>, not \"{path}\""
+            if top in BELOW:
+                yield file, f"a public header must not include {path}"
+            if place.parts[0] == "SylvarPlatform" and top == "OvSylvarProducers":
+                yield file, f"the platform lies below {path}"
+            if plain_c and top in PUBLIC and "/suites/" not in path:
+                yield file, f"a plain C header must not include {path}"
+
+
+def layer_faults(root):
+    for folder in sorted(f for f in (root / "src").glob("*") if f.is_dir()):
+        if folder.name not in BELOW:
+            yield folder, "is no known layer"
+            continue
+        for file in sources(folder):
+            for bracket, path, top in includes(file):
+                if top in BELOW and bracket != '"':
+                    yield file, f"a private header is quoted: {path}"
+                if top in BELOW and top != folder.name and top not in BELOW[folder.name]:
+                    yield file, f"{folder.name} must not include {path}"
+                if path.startswith("Platform/Embedded/") and folder.name != "Platform":
+                    yield file, f"only the platform knows {path}"
+                if folder.name == "Platform" and top == "OvSylvarProducers":
+                    yield file, f"the platform lies below {path}"
+                if bracket == '"' and top == "":
+                    yield file, f"write the layer before {path}"
+
+
+def embedded_faults(root):
+    for folder in sorted((root / "src/Platform/Embedded").glob("*")):
+        if folder.is_dir() and folder.name not in EMBEDDED:
+            yield folder, "is no known part of the embedded platform"
+
+
+def outside_faults(root):
+    """tools, plugins and examples see the public headers and their own folder."""
+    for area in ("tools", "plugins", "examples"):
+        for folder in sorted(f for f in (root / area).glob("*") if f.is_dir()):
+            for file in sources(folder):
+                for bracket, path, top in includes(file):
+                    if top in BELOW:
+                        yield file, f"must not include {path}"
+                    if area == "plugins" and top in PUBLIC and "/suites/" not in path:
+                        yield file, f"a plug-in sees the plain C headers alone, not {path}"
+                    own = (file.parent / path).exists() or (folder / path).exists()
+                    if bracket == '"' and not own:
+                        yield file, f"{path} is no file of this folder"
+
+
+def suite_test_faults(root):
+    for file in sources(root / "tests/suites"):
+        for _, path, top in includes(file):
+            if top in BELOW or (top in PUBLIC and "/suites/" not in path):
+                yield file, f"a test of the tables must not include {path}"
+
+
+def faults(root):
+    for find in (public_header_faults, layer_faults, embedded_faults, outside_faults,
+                 suite_test_faults):
+        for file, fault in find(root):
+            yield f"{file.relative_to(root)}: {fault}"
+
+
+if __name__ == "__main__":
+    found = list(faults(pathlib.Path(sys.argv[1])))
+    print("\n".join(found) or "layers call downward only")
+    sys.exit(bool(found))

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <string_view>
+#include <vector>
+
+#include "Platform/Embedded/Attributes/GroupAssembly.h"
+
+/// A group builder: a list of groups in the making. The first one is the group to be built; in
+/// nested mode the parts of a dotted name lead from one to another that stands further behind.
+struct OvGroupBuilderStruct {
+public:
+    using GroupValue = Sylvar3::internal::OvAttribute::Embedded::GroupValue;
+    using Value = Sylvar3::internal::OvAttribute::Embedded::Value;
+
+    explicit OvGroupBuilderStruct(bool isNested) : isNested_(isNested) { nodes_.emplace_back(); }
+
+    /// As the operations of these names in the table; `set` takes over the caller's reference.
+    void set(std::string_view name, Value* owned);
+    void remove(std::string_view name);
+    void update(const GroupValue& group);
+    void setInherits(bool inherits) { nodes_.front().children.inherits = inherits; }
+
+    /// A new group with one reference.
+    Value* build();
+
+    void clear();
+
+private:
+    struct Node {
+        Sylvar3::internal::OvAttribute::Embedded::GroupAssembly children;
+        /// By place: the node in which that child is being made; 0 for a child that stands.
+        std::vector<std::size_t> nested;
+    };
+
+    enum class Missing { Make, Stop };
+
+    /// The node in which the last part of a dotted name stands, and only that part in `name`. Null
+    /// when a part in front leads to no group and none is to be made.
+    Node* nodeFor(std::string_view& name, Missing missing);
+    Node* nestedIn(Node& node, std::string_view name, Missing missing);
+    Node& openNested(Node& node, std::string_view name, const GroupValue* old);
+    void finishNested(Node& node);
+
+    bool isNested_;
+    std::deque<Node> nodes_;
+};

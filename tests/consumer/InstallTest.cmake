@@ -1,0 +1,50 @@
+# SPDX-License-Identifier: Apache-2.0
+# One STEP of the test of an installation: manifest, cmake or pkgconfig.
+set(first "${WORK_DIR}/installed")
+set(moved "${WORK_DIR}/moved elsewhere")  # a blank in the path belongs to the test
+
+function(run)
+  execute_process(COMMAND ${ARGV} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+# What was installed, with the names of this build made general.
+function(write_manifest file)
+  file(GLOB_RECURSE installed LIST_DIRECTORIES OFF RELATIVE "${moved}" "${moved}/*")
+  list(SORT installed)
+  string(TOLOWER "${CONFIG}" config)
+  string(REGEX REPLACE "^([0-9]+\\.[0-9]+)\\..*" "\\1" soversion "${VERSION}")
+  foreach(path IN LISTS installed)
+    string(REPLACE "${LIBDIR}/" "<libdir>/" path "${path}")
+    string(REPLACE "-${config}.cmake" "-<config>.cmake" path "${path}")
+    string(REPLACE ".so.${VERSION}" ".so.<version>" path "${path}")
+    string(REPLACE ".so.${soversion}" ".so.<soversion>" path "${path}")
+    string(APPEND text "${path}\n")
+  endforeach()
+  file(WRITE "${file}" "${text}")
+endfunction()
+
+if(STEP STREQUAL "manifest")
+  file(REMOVE_RECURSE "${WORK_DIR}")
+  run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --config "${CONFIG}" --prefix "${first}")
+  file(RENAME "${first}" "${moved}")
+  write_manifest("${WORK_DIR}/manifest.txt")
+  execute_process(
+    COMMAND diff -u "${CMAKE_CURRENT_LIST_DIR}/manifest.txt" "${WORK_DIR}/manifest.txt"
+    RESULT_VARIABLE differs)
+  if(differs)
+    message(FATAL_ERROR "The installed files changed. When that is meant: scripts/approve_install.sh")
+  endif()
+elseif(STEP STREQUAL "cmake")
+  run("${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}/project" -B "${WORK_DIR}/cmake" -G "${GENERATOR}"
+    "-DCMAKE_PREFIX_PATH=${moved}" "-DCMAKE_CXX_COMPILER=${CXX_COMPILER}" -DCMAKE_BUILD_TYPE=Release)
+  run("${CMAKE_COMMAND}" --build "${WORK_DIR}/cmake")
+  run("${WORK_DIR}/cmake/consumer")
+elseif(STEP STREQUAL "pkgconfig")
+  set(ENV{PKG_CONFIG_PATH} "${moved}/${LIBDIR}/pkgconfig")
+  execute_process(COMMAND pkg-config --cflags --libs OvSylvarProducers
+    OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  separate_arguments(flags UNIX_COMMAND "${flags}")
+  run("${CXX_COMPILER}" -std=c++17 "${CMAKE_CURRENT_LIST_DIR}/project/main.cpp" -o "${WORK_DIR}/consumer"
+    ${flags} "-Wl,-rpath,${moved}/${LIBDIR}")
+  run("${WORK_DIR}/consumer")
+endif()

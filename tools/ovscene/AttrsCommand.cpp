@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "AttributeJson.h"
+#include "AttributeText.h"
+#include "AttributeWalk.h"
+#include "Commands.h"
+#include "ExitStatus.h"
+#include "JsonOutput.h"
+#include "NumberText.h"
+#include "SafeText.h"
+#include "SceneFile.h"
+#include "SceneWalk.h"
+#include "Table.h"
+#include "Terminal.h"
+
+namespace ovscene {
+namespace {
+
+constexpr std::size_t kLevelsIndented = 20;
+constexpr std::size_t kLongestName = 60;
+constexpr std::size_t kFewestValueColumns = 24;
+
+struct AttrsOptions {
+    std::string file;
+    std::optional<std::string> path;
+    std::string name;
+    bool xml = false;
+    bool json = false;
+};
+
+/// What is to be shown, and what it is called.
+struct Subject {
+    Attribute attribute;
+    std::string path;  ///< Empty for the attribute that the file holds.
+    std::string type;
+    std::string name;
+};
+
+Subject locationSubject(const SceneFile& file, const AttrsOptions& options) {
+    const FoundLocation found = findLocation(topLocation(file), *options.path, file.name);
+    VisitLimit limit(file.name);
+    const std::string path = SceneWalk(found.location, found.parentPath, limit).path();
+    const Attribute attribute = found.location.attribute(options.name);
+    if (!attribute && !options.name.empty()) {
+        throw CommandError(ExitStatus::NotFound,
+                           file.name + ": no attribute " + options.name + " at " + path);
+    }
+    return {attribute, path, found.location.type(), options.name};
+}
+
+Subject subjectOf(const SceneFile& file, const AttrsOptions& options) {
+    return options.path ? locationSubject(file, options) : Subject{file.attribute, "", "", ""};
+}
+
+void printXml(const Subject& subject, const std::string& filename, Output& output) {
+    try {
+        const std::string xml = subject.attribute.getXML();
+        output.write(xml);
+        output.write(xml.empty() || xml.back() != '\n' ? "\n" : "");
+    } catch (const std::length_error& error) {
+        throw CommandError(ExitStatus::InputMalformed, filename + ": " + error.what());
+    }
+}
+
+void printJson(const Subject& subject, const std::string& filename, Output& output) {
+    JsonStream stream(output);
+    JsonWriter json(stream);
+    VisitLimit limit(filename);
+    json.StartObject();
+    writeJsonMember(json, "file", filename);
+    if (!subject.path.empty()) {
+        writeJsonMember(json, "path", subject.path);
+        writeJsonMember(json, "type", subject.type);
+        writeJsonMember(json, "name", subject.name);
+    }
+    writeJsonKey(json, "attribute");
+    writeAttributeJson(json, subject.attribute, limit);
+    json.EndObject();
+    output.put('\n');
+}
+
+std::string indentation(std::size_t levels) {
+    constexpr std::size_t kStep = 2;
+    if (levels <= kLevelsIndented) {
+        return std::string(levels * kStep, ' ');
+    }
+    const std::size_t more = levels - kLevelsIndented;
+    return std::string(kLevelsIndented * kStep, ' ') + "(+" +
+           numberText(static_cast<std::int64_t>(more)) + ") ";
+}
+
+/// The lines of a list of attributes: name, kind, samples and values.
+class AttributeLines {
+public:
+    AttributeLines(Output& output, std::size_t firstDepth)
+        : table_(output), columns_(outputColumns()), firstDepth_(firstDepth) {
+        table_.add(
+            {Cell::left("name"), Cell::left("kind"), Cell::left("samples"), Cell::left("values")});
+    }
+
+    void add(const AttributeWalk& walk, const std::string& topName) {
+        const std::string name =
+            safeText(walk.depth() == 0 ? topName : std::string(walk.name()), kLongestName);
+        const Cell nameCell = Cell::left(indentation(walk.depth() - firstDepth_) + name);
+        const std::string kind = kindText(walk.attribute());
+        const std::string samples = samplesText(walk.attribute());
+        left_ = std::max(left_, nameCell.width);
+        kind_ = std::max(kind_, kind.size());
+        samples_ = std::max(samples_, samples.size());
+        table_.add({nameCell,
+                    {palette_.type(kind), kind.size()},
+                    Cell::left(samples),
+                    Cell::left(valuesText(walk.attribute(), valueColumns()))});
+    }
+
+    void finish() { table_.finish(); }
+
+private:
+    std::size_t valueColumns() const {
+        const std::size_t taken = left_ + kind_ + samples_ + 6;  // three gaps
+        return std::max(kFewestValueColumns, columns_ - std::min(columns_, taken));
+    }
+
+    Table table_;
+    Palette palette_;
+    std::size_t columns_;
+    std::size_t firstDepth_;
+    std::size_t left_ = 0;
+    std::size_t kind_ = 0;
+    std::size_t samples_ = 7;
+};
+
+void printHeading(const Subject& subject, Output& output) {
+    const Palette palette;
+    if (!subject.path.empty()) {
+        const std::string type = safeText(subject.type, kLongestName);
+        output.write(palette.bold(safeText(subject.path)) + (type.empty() ? "" : "  ") +
+                     palette.type(type) + "\n\n");
+    }
+}
+
+void printLines(const Subject& subject, const std::string& filename, Output& output) {
+    printHeading(subject, output);
+    const bool list = subject.name.empty() && subject.attribute.getType() == OV_ATTRIBUTE_GROUP;
+    if (!subject.attribute) {
+        output.write("no attributes\n");
+        return;
+    }
+    VisitLimit limit(filename);
+    AttributeLines lines(output, list ? 1 : 0);
+    for (AttributeWalk walk(subject.attribute, limit); !walk.atEnd(); walk.next()) {
+        if (walk.depth() > 0 || !list) {
+            lines.add(walk, subject.name.empty() ? "(attribute)" : subject.name);
+        }
+    }
+    lines.finish();
+}
+
+void runAttrs(const AttrsOptions& options, Output& output) {
+    const SceneFile file = readSceneFile(options.file);
+    const Subject subject = subjectOf(file, options);
+    if (options.xml) {
+        printXml(subject, file.name, output);
+    } else if (options.json) {
+        printJson(subject, file.name, output);
+    } else {
+        printLines(subject, file.name, output);
+    }
+}
+
+}  // namespace
+
+void addAttrsCommand(CLI::App& app, Output& output) {
+    const auto options = std::make_shared<AttrsOptions>();
+    CLI::App* command = app.add_subcommand("attrs", "Shows the attributes of a location");
+    command->add_option("FILE", options->file, "A file, binary or text")->required();
+    command->add_option("PATH",
+                        options->path,
+                        "A location of a static scene; without it, the attribute that the file "
+                        "holds is shown, whatever it is");
+    command->add_option("NAME", options->name, "One attribute alone; dots step into groups");
+    CLI::Option* xml = command->add_flag("--xml", options->xml, "Print as XML, in full");
+    command->add_flag("--json", options->json, "Print as one JSON document, in full")
+        ->excludes(xml);
+    command->footer(
+        "Examples:\n"
+        "  ovscene attrs chair.optree /root/chair/seat\n"
+        "  ovscene attrs chair.optree /root/chair/seat geometry.points --json\n"
+        "  ovscene attrs look.optree.json --xml");
+    command->callback([options, &output] { runAttrs(*options, output); });
+}
+
+}  // namespace ovscene

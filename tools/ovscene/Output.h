@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <exception>
+#include <string>
+#include <string_view>
+
+namespace ovscene {
+
+/// Thrown when nobody reads the output any more: a quiet end, no failure.
+class OutputClosed : public std::exception {
+public:
+    const char* what() const noexcept override { return "the output is closed"; }
+};
+
+/// The standard output, buffered. Belongs to one thread.
+///
+/// Throws `OutputClosed` when the reader has gone, and a `CommandError` when the bytes cannot be
+/// written for any other reason.
+class Output {
+public:
+    void write(std::string_view text);
+    void put(char c);
+
+    /// Writes what is buffered; called once at the end, since a destructor could not report.
+    void flush();
+
+private:
+    void flushWhenFull();
+
+    std::string buffer_;
+};
+
+}  // namespace ovscene

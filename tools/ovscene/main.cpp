@@ -1,0 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "CommandLine.h"
+
+int main(int argc, char** argv) {
+    return ovscene::runCommandLine(argc, argv);
+}
