@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <OvSylvarProducers/GeometryProducer.h>
+
 #include <map>
 #include <memory>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <OvSylvarProducers/GeometryProducer.h>
 
 namespace ovtest {
 

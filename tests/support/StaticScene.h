@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <OvSylvarProducers/StaticGeometryProducer.h>
+
 #include <deque>
 #include <optional>
 #include <sstream>
@@ -8,7 +10,6 @@
 #include <utility>
 #include <vector>
 
-#include <OvSylvarProducers/StaticGeometryProducer.h>
 #include <SylvarPlatform/GroupBuilder.h>
 
 namespace ovtest {

@@ -184,12 +184,14 @@ void addAttrsCommand(CLI::App& app, Output& output) {
     command->add_option("FILE", options->file, "A file, binary or text")->required();
     command->add_option("PATH",
                         options->path,
-                        "A location of a static scene; without it, the attribute that the file "
+                        "A location of a static scene; without one, what the file\n"
                         "holds is shown, whatever it is");
     command->add_option("NAME", options->name, "One attribute alone; dots step into groups");
-    CLI::Option* xml = command->add_flag("--xml", options->xml, "Print as XML, in full");
+    CLI::Option* xml =
+        command->add_flag("--xml", options->xml, "Print as XML, in full")->option_text(" ");
     command->add_flag("--json", options->json, "Print as one JSON document, in full")
-        ->excludes(xml);
+        ->excludes(xml)
+        ->option_text(" ");
     command->footer(
         "Examples:\n"
         "  ovscene attrs chair.optree /root/chair/seat\n"

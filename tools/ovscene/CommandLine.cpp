@@ -2,6 +2,7 @@
 #include "CommandLine.h"
 
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
 #include <exception>
 #include <new>
@@ -17,7 +18,9 @@
 namespace ovscene {
 namespace {
 
-constexpr char kVersion[] = "ovscene " SylvarPlatform_VERSION;
+constexpr char kVersion[] = "ovscene " SYLVAR_PLATFORM_VERSION;
+
+constexpr std::size_t kHelpColumn = 26;
 
 constexpr char kFooter[] =
     "'ovscene COMMAND --help' tells more about a command.\n\n"
@@ -40,9 +43,20 @@ int fail(ExitStatus status, const std::string& message) {
     return static_cast<int>(status);
 }
 
+void setWords(CLI::FormatterBase& formatter) {
+    formatter.label("SUBCOMMAND", "COMMAND");
+    formatter.label("Subcommands", "Commands");
+    formatter.label("Positionals", "Arguments");
+    formatter.label("REQUIRED", "");
+    formatter.label("TEXT", "");
+    formatter.column_width(kHelpColumn);
+}
+
 void addCommands(CLI::App& app, Output& output) {
     app.name("ovscene");
-    app.set_version_flag("--version", kVersion);
+    setWords(*app.get_formatter());
+    app.set_help_flag("-h,--help", "Print this help");
+    app.set_version_flag("--version", kVersion, "Print the version");
     app.require_subcommand(1);
     app.footer(kFooter);
     addImportCommand(app, output);

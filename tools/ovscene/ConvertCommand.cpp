@@ -27,6 +27,9 @@ void requireSameContent(const SceneFile& written, const SceneFile& original) {
 void runConvert(const ConvertOptions& options, Output& output) {
     const SceneFile original = readSceneFile(options.input);
     writeSceneFile(original.attribute, original.content, options.output);
+    if (!isOrdinaryFile(options.output)) {
+        return;
+    }
     const SceneFile written = readSceneFile(options.output);
     requireSameContent(written, original);
     output.write(safeText(written.name) + ": " + contentName(written.content) + ", " +
@@ -44,11 +47,12 @@ void addConvertCommand(CLI::App& app, Output& output) {
     command
         ->add_option("OUT",
                      options->output,
-                     "The file to write: text when its name ends in .json, binary otherwise")
+                     "The file to write: text when its name ends in .json,\n"
+                     "binary otherwise")
         ->required();
     command->footer(
         "The content stays the same: op tree, static scene or attribute. What was written is\n"
-        "read back, and its hash compared.\n\n"
+        "read back, and its hash compared, unless OUT is a pipe or a device.\n\n"
         "Examples:\n"
         "  ovscene convert chair.optree chair.optree.json\n"
         "  ovscene convert chair.optree.json chair.optree");

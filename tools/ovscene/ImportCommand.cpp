@@ -84,6 +84,9 @@ void runImport(const ImportOptions& options, Output& output) {
                     AttributeContent::StaticScene};
     const std::int64_t locations = countLocations(scene);
     const std::int64_t bytes = writeSceneFile(scene.attribute, scene.content, options.output);
+    if (!isOrdinaryFile(options.output)) {
+        return;
+    }
     output.write(safeText(options.output) + ": " + counted(locations, "location") + ", " +
                  counted(bytes, "byte") + "\n");
 }
@@ -102,19 +105,23 @@ void addKinds(CLI::App& command, ImportOptions& options) {
 
 void addLimits(CLI::App& command, ImportOptions& options) {
     command.add_option("--max-bytes", options.maxBytes, "The largest asset file; 0: any size")
-        ->check(CLI::NonNegativeNumber);
+        ->check(CLI::NonNegativeNumber)
+        ->option_text("N");
     command
         .add_option("--max-locations", options.maxLocations, "The most locations; 0: any number")
-        ->check(CLI::NonNegativeNumber);
+        ->check(CLI::NonNegativeNumber)
+        ->option_text("N");
 }
 
 void addConversion(CLI::App& command, ImportOptions& options) {
     command
         .add_option(
             "--up-axis", options.upAxis, "The axis of the asset that points up; it becomes y")
-        ->check(CLI::IsMember({"x", "y", "z"}));
+        ->check(CLI::IsMember({"x", "y", "z"}))
+        ->option_text("x|y|z");
     command.add_option("--unit-scale", options.unitScale, "Scene units for one unit of the asset")
-        ->check(CLI::Validator(checkScale, "NUMBER > 0"));
+        ->check(CLI::Validator(checkScale, "number"))
+        ->option_text("N");
 }
 
 }  // namespace
@@ -127,14 +134,17 @@ void addImportCommand(CLI::App& app, Output& output) {
     command
         ->add_option("OUT",
                      options->output,
-                     "The file to write: text when its name ends in .json, binary otherwise")
+                     "The file to write: text when its name ends in .json,\n"
+                     "binary otherwise")
         ->required();
     addConversion(*command, *options);
     addKinds(*command, *options);
     addLimits(*command, *options);
-    command->add_option("--plugin-path",
-                        options->pluginPath,
-                        "Folders to look for AssimpImport.so in, with colons between them");
+    command
+        ->add_option("--plugin-path",
+                     options->pluginPath,
+                     "Folders to look for AssimpImport.so in, with colons between them")
+        ->option_text("FOLDERS");
     command->footer(
         "Axis and scale are as the asset says unless they are given. The importer plug-in is\n"
         "looked for in --plugin-path, in the folders of OVSCENE_PLUGIN_PATH, and in the plug-ins\n"

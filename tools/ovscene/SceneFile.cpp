@@ -139,14 +139,22 @@ std::int64_t writeSceneFile(const Attribute& attribute,
     return unknown ? 0 : static_cast<std::int64_t>(size);
 }
 
-void requireWritablePlace(const std::string& filename) {
+bool isOrdinaryFile(const std::string& filename) {
     std::error_code ignored;
-    const bool folder = std::filesystem::is_directory(filename, ignored);
-    if (!folder && ::access(folderOf(filename).c_str(), W_OK | X_OK) == 0) {
-        return;
+    return std::filesystem::is_regular_file(filename, ignored);
+}
+
+void requireWritablePlace(const std::string& filename) {
+    struct stat status {};
+    const bool isThere = ::stat(filename.c_str(), &status) == 0;
+    const bool isFolder = isThere && S_ISDIR(status.st_mode);
+    const bool isReplaced = !isThere || S_ISREG(status.st_mode);
+    const int allowed = isReplaced ? ::access(folderOf(filename).c_str(), W_OK | X_OK)
+                                   : ::access(filename.c_str(), W_OK);
+    if (isFolder || allowed != 0) {
+        throw CommandError(ExitStatus::OutputUnwritable,
+                           filename + ": " + std::strerror(isFolder ? EISDIR : errno));
     }
-    throw CommandError(ExitStatus::OutputUnwritable,
-                       filename + ": " + std::strerror(folder ? EISDIR : errno));
 }
 
 const char* contentName(AttributeContent content) {

@@ -39,6 +39,9 @@ std::int64_t writeSceneFile(const Attribute& attribute,
                             AttributeContent content,
                             const std::string& filename);
 
+/// Whether it is a file that can be read again, and no pipe or terminal.
+bool isOrdinaryFile(const std::string& filename);
+
 /// Throws OutputUnwritable when no file of that name can be put in place: before long work.
 void requireWritablePlace(const std::string& filename);
 

@@ -128,7 +128,8 @@ void addTreeCommand(CLI::App& app, Output& output) {
     command->add_option("FILE", options->file, "A static scene, binary or text")->required();
     command->add_option("PATH", options->path, "The location to start at")->capture_default_str();
     command->add_option("--depth", options->depth, "Levels to show below it; all by default")
-        ->check(CLI::NonNegativeNumber);
+        ->check(CLI::NonNegativeNumber)
+        ->option_text("N");
     command->add_flag("--json", options->json, "One JSON object on each line, for each location");
     command->footer(
         "Examples:\n"

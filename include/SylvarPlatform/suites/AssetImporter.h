@@ -4,7 +4,7 @@
 
 #include <stdint.h>
 
-#include "SylvarPlatform/suites/AttributeSuite.h"
+#include <SylvarPlatform/suites/AttributeSuite.h>
 
 #ifdef __cplusplus
 extern "C" {

@@ -26,7 +26,9 @@ std::ptrdiff_t slotOf(Function function) {
     return (place - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
 }
 
-std::uint32_t instances() { return instanceCount.value.load(); }
+std::uint32_t instances() {
+    return instanceCount.value.load();
+}
 
 GeometryProducerPtr withType(const Attribute& type) {
     return StaticScene().set("/root", "type", type).open();
@@ -49,8 +51,9 @@ TEST(GeometryProducer, KeepsItsVirtualOperationsInTheirSlotsBehindTheDestructor)
 }
 
 TEST(GeometryProducer, CountsItsReferencesAtomicallyFromZero) {
-    using Counter = boost::sp_adl_block::intrusive_ref_counter<GeometryProducer,
-                                                               boost::sp_adl_block::thread_safe_counter>;
+    using Counter =
+        boost::sp_adl_block::intrusive_ref_counter<GeometryProducer,
+                                                   boost::sp_adl_block::thread_safe_counter>;
     EXPECT_TRUE((std::is_base_of_v<Counter, GeometryProducer>));
     auto* const born = new FakeProducer("/root");
     EXPECT_EQ(0U, born->use_count());

@@ -14,7 +14,9 @@ std::string pathOf(const GeometryProducerPtr& producer) {
     return producer ? producer->getFullName() : "none";
 }
 
-StaticScene world() { return StaticScene().at("/root/world/geo/mesh").at("/root/cameras"); }
+StaticScene world() {
+    return StaticScene().at("/root/world/geo/mesh").at("/root/cameras");
+}
 
 FakeProducer::Steps stepsTo(const std::string& path, bool evict) {
     FakeProducer* const fake = new FakeProducer("/root/a");
@@ -55,7 +57,8 @@ TEST(GetProducerByPath, TakesAFullPathOnTheTopOfTheTreeAlone) {
 
 TEST(GetProducerByPath, FindsNothingAtAnEmptyPathUnlessItsNameIsEmpty) {
     const GeometryProducerPtr root = world().open();
-    const GeometryProducerPtr nameless = CreateStaticGeometryProducer("/", world().group(), nullptr);
+    const GeometryProducerPtr nameless =
+        CreateStaticGeometryProducer("/", world().group(), nullptr);
     for (const char* path : {"", "/", "///"}) {
         EXPECT_EQ(nullptr, root->getProducerByPath(path, false)) << path;
         EXPECT_EQ(nameless, nameless->getProducerByPath(path, false)) << path;

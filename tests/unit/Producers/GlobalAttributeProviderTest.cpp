@@ -8,9 +8,9 @@
 #include <limits>
 
 using namespace SYLVAR;
+using ovtest::FakeProducer;
 using Sylvar3::internal::OvAttribute::castAttribute;
 using Sylvar3::internal::OvAttribute::IntAttribute;
-using ovtest::FakeProducer;
 
 namespace {
 
@@ -94,7 +94,9 @@ TEST_F(GlobalAttributeProvider, HasNoLocationWhenTheFirstDepthIsTheLargest) {
     EXPECT_EQ(0, levelAt(0));
 }
 
-TEST_F(GlobalAttributeProvider, KeepsTheChainAlive) { EXPECT_EQ(0, levelAt(0)); }
+TEST_F(GlobalAttributeProvider, KeepsTheChainAlive) {
+    EXPECT_EQ(0, levelAt(0));
+}
 
 TEST(GlobalAttributeProviderWithoutHead, HasNoLocationAtAnyDepth) {
     GeometryProducerGlobalAttributeProvider provider(nullptr);

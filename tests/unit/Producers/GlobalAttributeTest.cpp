@@ -42,8 +42,8 @@ TEST(GetGlobalAttribute, IsNullWhenNoLocationHasIt) {
 }
 
 TEST(GetGlobalAttribute, MergesGroupsThatInherit) {
-    const auto merged = castAttribute<GroupAttribute>(
-        settings().open("/root/a/b")->getGlobalAttribute("s"));
+    const auto merged =
+        castAttribute<GroupAttribute>(settings().open("/root/a/b")->getGlobalAttribute("s"));
     EXPECT_EQ(group({{"x", IntAttribute(2)}, {"y", IntAttribute(1)}}, false).getHash(),
               merged.getHash());
 }

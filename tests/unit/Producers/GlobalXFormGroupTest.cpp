@@ -63,8 +63,7 @@ TEST(GetGlobalXFormGroup, CountsLocationsWithoutATransformToo) {
 }
 
 TEST(GetGlobalXFormGroup, IsAnEmptyGroupWhenThereAreNoTransforms) {
-    const GroupAttribute found =
-        StaticScene().at("/root/a").open("/root/a")->getGlobalXFormGroup();
+    const GroupAttribute found = StaticScene().at("/root/a").open("/root/a")->getGlobalXFormGroup();
     EXPECT_TRUE(found);
     EXPECT_EQ(0, found.getNumberOfChildren());
 }
@@ -107,9 +106,7 @@ TEST(GetGlobalXFormGroup, FallsBackOnAPlainBuilder) {
     const GeometryProducerPtr b = gapped().open("/root/a/b");
     OwnBuilderTable own;
     plainBuilders = 0;
-    own.table.createBuilderWithMode = [](std::int32_t) -> OvGroupBuilderStruct* {
-        return nullptr;
-    };
+    own.table.createBuilderWithMode = [](std::int32_t) -> OvGroupBuilderStruct* { return nullptr; };
     own.table.createBuilder = [] {
         ++plainBuilders;
         return OwnBuilderTable::real().createBuilder();

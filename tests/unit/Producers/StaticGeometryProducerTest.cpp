@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Producers/StaticGeometryProducer.h"
-
 #include "support/FakeProducer.h"
 #include "support/StaticScene.h"
 
@@ -43,7 +42,10 @@ GeometryProducerPtr bare() {
 
 /// /root with the children a (a group, with a child b), text (a string) and z.
 StaticScene family() {
-    return StaticScene().at("/root/a/b").replaceBy("/root/text", StringAttribute("x")).at("/root/z");
+    return StaticScene()
+        .at("/root/a/b")
+        .replaceBy("/root/text", StringAttribute("x"))
+        .at("/root/z");
 }
 
 }  // namespace
@@ -70,7 +72,8 @@ TEST(CreateStaticGeometryProducer, NeedsAGroupAndAPathThatBeginsWithASlash) {
 
 TEST(CreateStaticGeometryProducer, TakesAnyParentWithoutATest) {
     const GeometryProducerPtr parent = bare();
-    const auto made = CreateStaticGeometryProducer("/elsewhere/x", GroupAttribute({}, false), parent);
+    const auto made =
+        CreateStaticGeometryProducer("/elsewhere/x", GroupAttribute({}, false), parent);
     EXPECT_EQ(parent, made->parent);
     EXPECT_EQ("/elsewhere/x", made->getFullName());
 }
@@ -82,7 +85,9 @@ TEST(CreateStaticGeometryProducer, KeepsTheGroupForTheProducersLife) {
     EXPECT_EQ("mesh", made->getType());
 }
 
-TEST(StaticGeometryProducer, HasNoClient) { EXPECT_EQ(nullptr, bare()->getClient()); }
+TEST(StaticGeometryProducer, HasNoClient) {
+    EXPECT_EQ(nullptr, bare()->getClient());
+}
 
 TEST(StaticGeometryProducer, IsBareWithoutEitherKey) {
     const GeometryProducerPtr root = bare();
@@ -127,8 +132,7 @@ TEST(StaticGeometryProducer, LooksAttributesUpByNameDottedOnesIncluded) {
 }
 
 TEST(StaticGeometryProducer, AddsItsAttributeNamesToTheSetWithoutClearingIt) {
-    const GeometryProducerPtr root =
-        StaticScene().set("/root", "b", 1).set("/root", "a", 2).open();
+    const GeometryProducerPtr root = StaticScene().set("/root", "b", 1).set("/root", "a", 2).open();
     std::set<std::string> names{"kept"};
     root->getAttributeNames(&names);
     EXPECT_EQ((std::set<std::string>{"a", "b", "kept"}), names);
@@ -173,7 +177,8 @@ TEST(StaticGeometryProducer, IsNamedByTheTextBehindTheLastSlash) {
     };
     for (const Row& row :
          {Row{"/root", "root"}, Row{"/root/a", "a"}, Row{"/", ""}, Row{"/root/", ""}}) {
-        const auto made = CreateStaticGeometryProducer(row.path, GroupAttribute({}, false), nullptr);
+        const auto made =
+            CreateStaticGeometryProducer(row.path, GroupAttribute({}, false), nullptr);
         EXPECT_EQ(row.name, made->getName());
         EXPECT_EQ(row.path, made->getFullName());
     }

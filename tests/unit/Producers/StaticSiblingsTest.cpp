@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Producers/StaticGeometryProducer.h"
-
 #include "support/FakeProducer.h"
 #include "support/StaticScene.h"
 #include "support/Threads.h"
@@ -27,7 +26,9 @@ Names namesFrom(GeometryProducerPtr here) {
     return names;
 }
 
-StaticScene abc() { return StaticScene().at("/root/a").at("/root/b").at("/root/c"); }
+StaticScene abc() {
+    return StaticScene().at("/root/a").at("/root/b").at("/root/c");
+}
 
 GeometryProducerPtr childAt(const GeometryProducerPtr& parent,
                             const std::string& path,
@@ -82,10 +83,9 @@ TEST(StaticGetNextSibling, IsNullBelowAParentOfAnotherKind) {
 }
 
 TEST(StaticGetNextSibling, IsNullBelowAParentWithoutChildren) {
-    for (const GroupAttribute& parent :
-         {GroupAttribute({}, false),
-          GroupAttribute({{"c", GroupAttribute({}, false)}}, false),
-          GroupAttribute({{"c", IntAttribute(1)}}, false)}) {
+    for (const GroupAttribute& parent : {GroupAttribute({}, false),
+                                         GroupAttribute({{"c", GroupAttribute({}, false)}}, false),
+                                         GroupAttribute({{"c", IntAttribute(1)}}, false)}) {
         const auto root = CreateStaticGeometryProducer("/root", parent, nullptr);
         EXPECT_EQ(nullptr, childAt(root, "/root/a")->getNextSibling(false));
         EXPECT_EQ(nullptr, childAt(root, "/root/a", 0)->getNextSibling(false));

@@ -1,0 +1,490 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
+"""Runs ovscene as its users do. OVSCENE_APPROVE=1 writes the golden files anew.
+
+The environment says where things are: OVSCENE, OVSCENE_TEST_SCENES, OVSCENE_TEST_PLUGINS (empty
+when no plug-ins were built) and OVSCENE_VERSION.
+"""
+import json
+import os
+import pathlib
+import pty
+import re
+import shutil
+import signal
+import subprocess
+import tempfile
+import unittest
+import xml.etree.ElementTree
+
+OVSCENE = os.environ["OVSCENE"]
+PLUGINS = os.environ.get("OVSCENE_TEST_PLUGINS", "")
+GOLDEN = pathlib.Path(__file__).resolve().parent / "golden"
+HOSTILE = "\\x1b[31mred\\xff\\x0a\"<&>\\xc2\\x9b\\xe2\\x80\\xae"
+
+OBJ = """mtllib box.mtl
+o triangle
+v 0 0 0
+v 1 0 0
+v 0 1 0
+usemtl red
+f 1 2 3
+o square
+v 0 0 1
+v 1 0 1
+v 1 1 1
+v 0 1 1
+f 4 5 6 7
+"""
+MTL = "newmtl red\nKd 1 0 0\n"
+
+
+class OvsceneCase(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.temporary = tempfile.TemporaryDirectory()
+        cls.folder = pathlib.Path(cls.temporary.name)
+        subprocess.run([os.environ["OVSCENE_TEST_SCENES"], cls.folder], check=True)
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.temporary.cleanup()
+
+    def run_raw(self, *arguments, program=OVSCENE, **environment):
+        env = {**os.environ, "LC_ALL": "C", **environment}
+        return subprocess.run([program, *arguments], cwd=self.folder, env=env,
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=100)
+
+    def ok(self, *arguments, **environment):
+        """The output of a run that succeeds and says nothing on the error stream."""
+        done = self.run_raw(*arguments, **environment)
+        self.assertEqual((0, b""), (done.returncode, done.stderr))
+        return done.stdout.decode("utf-8")
+
+    def fails(self, status, *arguments, **options):
+        """The one line of a run that fails with this status."""
+        done = self.run_raw(*arguments, **options)
+        self.assertEqual(status, done.returncode, done.stderr)
+        message = done.stderr.decode("utf-8")
+        self.assertRegex(message, r"\Aovscene: [^\n]+\n\Z")
+        return message[len("ovscene: "):-1]
+
+    def matches_golden(self, name, text):
+        golden = GOLDEN / name
+        if os.environ.get("OVSCENE_APPROVE"):
+            golden.write_text(text, encoding="utf-8")
+        self.assertEqual(golden.read_text(encoding="utf-8"), text)
+
+
+class General(OvsceneCase):
+    def test_version_is_the_projects(self):
+        self.assertEqual(f"ovscene {os.environ['OVSCENE_VERSION']}\n", self.ok("--version"))
+
+    def test_help_lists_commands_and_exit_statuses(self):
+        text = self.ok("--help")
+        for expected in ("import", "tree", "attrs", "stats", "convert", "Exit statuses:",
+                         "8  an asset cannot be imported"):
+            self.assertIn(expected, text)
+
+    def test_help_of_each_command_has_an_example(self):
+        for command in ("import", "tree", "attrs", "stats", "convert"):
+            self.assertIn(f"ovscene {command} ", self.ok(command, "--help"))
+
+    def test_wrong_usage(self):
+        for arguments in ((), ("nothing",), ("tree",), ("tree", "f", "--depth", "-1"),
+                          ("tree", "f", "--depth", "x"), ("attrs", "f", "--xml", "--json"),
+                          ("import", "a", "b", "--up-axis", "w"),
+                          ("import", "a", "b", "--unit-scale", "nan"),
+                          ("import", "a", "b", "--unit-scale", "0"),
+                          ("import", "a", "b", "--max-bytes", "-5"), ("stats", "f", "--other")):
+            with self.subTest(arguments):
+                self.assertIn("--help'", self.fails(2, *arguments))
+
+    def test_missing_and_unreadable_input(self):
+        for arguments in (("tree", "gone"), ("attrs", "gone"), ("stats", "gone"),
+                          ("convert", "gone", "out.optree"), ("import", "gone", "out.optree")):
+            with self.subTest(arguments):
+                self.assertEqual("gone: No such file or directory", self.fails(3, *arguments))
+        self.assertEqual(".: Is a directory", self.fails(3, "stats", "."))
+
+    def test_malformed_text_names_line_and_column(self):
+        (self.folder / "bad.json").write_text('{\n  "content": oops\n}\n')
+        self.assertRegex(self.fails(4, "tree", "bad.json"), r"bad\.json.*2.*\d")
+
+    def test_malformed_bytes(self):
+        whole = (self.folder / "small.optree").read_bytes()
+        for name, data in (("empty", b""), ("cut", whole[:len(whole) // 2]), ("noise", b"\x1b\0\xff" * 99)):
+            with self.subTest(name):
+                (self.folder / name).write_bytes(data)
+                self.assertTrue(self.fails(4, "stats", name).startswith(name + ": "))
+
+    def test_file_names_are_escaped_in_messages(self):
+        self.assertIn("gone\\x1b[31m\\xff\\x0a:", self.fails(3, "tree", b"gone\x1b[31m\xff\n"))
+
+    def test_a_reader_that_stops_is_a_quiet_end(self):
+        process = subprocess.Popen([OVSCENE, "tree", "wide.optree"], cwd=self.folder,
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        process.stdout.readline()
+        process.stdout.close()
+        self.assertEqual((b"", 0), (process.stderr.read(), process.wait()))
+        process.stderr.close()
+
+    def test_a_closed_output_is_a_quiet_end(self):
+        command = f"exec '{OVSCENE}' convert small.optree quiet.optree >&-"
+        done = subprocess.run(["sh", "-c", command], cwd=self.folder, stderr=subprocess.PIPE)
+        self.assertEqual((0, b""), (done.returncode, done.stderr))
+        self.ok("stats", "quiet.optree")
+
+    def test_a_full_device_is_a_failure(self):
+        with open("/dev/full", "wb") as full:
+            done = subprocess.run([OVSCENE, "tree", "small.optree"], cwd=self.folder, stdout=full,
+                                  stderr=subprocess.PIPE)
+        self.assertEqual(6, done.returncode)
+        self.assertRegex(done.stderr, rb"\Aovscene: standard output: [^\n]+\n\Z")
+
+
+class Tree(OvsceneCase):
+    def json_lines(self, *arguments):
+        return [json.loads(line) for line in self.ok("tree", *arguments, "--json").splitlines()]
+
+    def test_small_scene(self):
+        self.matches_golden("tree.txt", self.ok("tree", "small.optree"))
+
+    def test_both_forms_show_the_same(self):
+        self.assertEqual(self.ok("tree", "small.optree"), self.ok("tree", "small.optree.json"))
+
+    def test_from_a_location_down_to_a_depth(self):
+        self.matches_golden("tree_depth.txt",
+                            self.ok("tree", "small.optree", "/root/world", "--depth", "1"))
+
+    def test_json_has_one_object_for_each_location(self):
+        self.matches_golden("tree.jsonl", self.ok("tree", "small.optree", "--json"))
+        paths = [line["path"] for line in self.json_lines("small.optree", "/root/world/geo")]
+        self.assertEqual(["/root/world/geo", "/root/world/geo/quad", "/root/world/geo/copy"], paths)
+
+    def test_a_missing_location_tells_what_is_there(self):
+        for path, expected in (
+                ("/root/world/gone", "/root/world has 3 children, none 'gone'"),
+                ("/root/gone", "/root has 1 child, not 'gone'"),
+                ("/root/world/empty/a/b", "/root/world/empty has no children"),
+                ("/other", "the top location is /root"), ("", "the top location is /root"),
+                ("/root/\x1b", "/root has 1 child, not '\\x1b'")):
+            with self.subTest(path):
+                self.assertIn(expected, self.fails(5, "tree", "small.optree", path))
+
+    def test_a_slash_at_the_end_is_no_step(self):
+        self.assertEqual(self.ok("tree", "small.optree", "/root/world"),
+                         self.ok("tree", "small.optree", "root/world/"))
+
+    def test_hostile_names_are_escaped(self):
+        for line in (self.ok("tree", "hostile.optree"), self.ok("tree", "hostile.optree", "--json")):
+            self.assertNotRegex(line, "[\x00-\x09\x0b-\x1f\x7f-\x9f\u202e]")
+        lines = self.json_lines("hostile.optree")
+        self.assertEqual(HOSTILE, lines[1]["name"])
+        self.assertEqual("\\x1b]0;title\\x07", lines[1]["type"])
+
+    def test_a_name_with_a_slash_is_found_again_by_its_path(self):
+        path = self.json_lines("hostile.optree")[2]["path"]
+        self.assertEqual("/root/a%2Fb%2Ec", path)
+        self.assertEqual("a/b.c", self.json_lines("hostile.optree", path)[0]["name"])
+
+    def test_a_child_that_is_no_group_is_an_empty_location(self):
+        line = self.json_lines("hostile.optree", "/root/no.group")[0]
+        self.assertEqual(("", 0, 0), (line["type"], line["children"], line["attributes"]))
+
+    def test_ten_thousand_levels(self):
+        lines = self.json_lines("deep.optree")
+        self.assertEqual((10000, 9999, 9998, "bottom"),
+                         (len(lines), lines[-1]["depth"], lines[-1]["parent"], lines[-1]["type"]))
+        text = self.ok("tree", "deep.optree")
+        self.assertIn("10000 locations", text)
+        self.assertLess(len(text), 10000 * 200)
+        self.assertIn("bottom", self.ok("tree", "deep.optree", "/root" + "/d" * 9999))
+
+    def test_many_siblings(self):
+        lines = self.json_lines("wide.optree")
+        self.assertEqual((100001, "/root/child99999"), (len(lines), lines[-1]["path"]))
+
+    def test_shared_parts_are_shown_down_to_a_depth(self):
+        self.assertEqual(15, len(self.json_lines("shared.optree", "--depth", "3")))
+
+    def test_other_content_cannot_be_walked(self):
+        self.assertIn("op.optree: holds an op tree;", self.fails(4, "tree", "op.optree"))
+        self.assertIn("holds a plain attribute", self.fails(4, "tree", "plain.optree.json"))
+
+
+class Attrs(OvsceneCase):
+    def document(self, *arguments):
+        return json.loads(self.ok("attrs", *arguments, "--json"))
+
+    def children(self, attribute):
+        return {child["name"]: child for child in attribute["children"]}
+
+    def test_a_location(self):
+        self.matches_golden("attrs.txt", self.ok("attrs", "small.optree", "/root/world/geo/quad"))
+
+    def test_json_is_complete(self):
+        document = self.document("small.optree", "/root/world/geo/quad")
+        self.assertEqual(("/root/world/geo/quad", "mesh"), (document["path"], document["type"]))
+        attributes = self.children(document["attribute"])
+        geometry = self.children(attributes["geometry"])
+        self.assertTrue(attributes["geometry"]["inherit"])
+        self.assertEqual({"name": "nothing", "kind": "null"}, geometry["nothing"])
+        points = geometry["points"]
+        self.assertEqual(("float", 3), (points["kind"], points["tupleSize"]))
+        self.assertEqual([-0.25, 0.25], [sample["time"] for sample in points["samples"]])
+        self.assertEqual([0, 0, 1, 1, 0, 1, 1, 1, 1, 0, 1, 1], points["samples"][1]["values"])
+        self.assertEqual(0.1, attributes["bound"]["samples"][0]["values"][4])
+
+    def test_xml_parses(self):
+        tree = xml.etree.ElementTree.fromstring(
+            self.ok("attrs", "small.optree", "/root/world/geo/quad", "--xml"))
+        self.assertEqual("group", tree.get("type"))
+
+    def test_one_attribute_by_name(self):
+        text = self.ok("attrs", "small.optree", "/root/world/geo/quad", "geometry.points")
+        self.assertRegex(text, r"geometry\.points  float\[3\] x 4  2 \(-0\.25 0\.25\)  \(0 0 0\)")
+        self.assertEqual("no attribute geometry.gone at /root/world/geo",
+                         self.fails(5, "attrs", "small.optree", "/root/world/geo", "geometry.gone")
+                         .split(": ", 1)[1])
+
+    def test_a_location_without_attributes(self):
+        self.assertIn("no attributes", self.ok("attrs", "small.optree", "/root/world/empty"))
+        document = self.document("small.optree", "/root/world/empty")
+        self.assertEqual({"kind": "null"}, document["attribute"])
+        self.assertIn("null", self.ok("attrs", "small.optree", "/root/world/empty", "--xml"))
+
+    def test_a_missing_location(self):
+        self.assertIn("no location /root/gone", self.fails(5, "attrs", "small.optree", "/root/gone"))
+
+    def test_without_a_path_the_files_attribute_is_shown(self):
+        self.assertIn("(0 1 2) (3 4 5)", self.ok("attrs", "data.optree"))
+        self.assertIn("opType", self.ok("attrs", "op.optree"))
+        self.assertEqual("group", self.document("plain.optree.json")["attribute"]["kind"])
+        self.assertIn("holds an op tree;", self.fails(4, "attrs", "op.optree", "/root"))
+
+    def test_hostile_texts_are_escaped(self):
+        path = b"/root/\x1b[31mred\xff\n\"<&>\xc2\x9b\xe2\x80\xae"
+        for form in ((), ("--json",), ("--xml",)):
+            with self.subTest(form):
+                text = self.ok("attrs", "hostile.optree", path, *form)
+                self.assertNotRegex(text, "[\x00-\x09\x0b-\x1f\x7f-\x9f\u202e]" if form != ("--xml",)
+                                    else "[\x00-\x08\x0b-\x1f]")
+        attributes = self.children(self.document("hostile.optree", path)["attribute"])
+        self.assertEqual([HOSTILE], attributes[HOSTILE]["samples"][0]["values"])
+        self.assertEqual(["\\x5cx1b"], attributes["lookalike"]["samples"][0]["values"])
+        self.assertEqual(["nan", "inf", "-inf", 0.1],
+                         attributes["numbers"]["samples"][0]["values"])
+
+    def test_groups_nested_thousands_deep(self):
+        self.assertIn("int", self.ok("attrs", "nested.optree", "/root"))
+        text = self.ok("attrs", "nested.optree", "/root", "--json")
+        self.assertEqual(5001, text.count('"kind":"group"'))
+        self.assertIn('"values":[7]', text)
+        self.assertIn("7", self.ok("attrs", "nested.optree", "/root", "--xml"))
+
+
+class Stats(OvsceneCase):
+    def document(self, file):
+        return json.loads(self.ok("stats", file, "--json"))
+
+    def test_json_counts(self):
+        document = self.document("small.optree")
+        expected = {
+            "file": "small.optree", "content": "static scene", "form": "binary", "locations": 7,
+            "types": {"": 1, "camera": 1, "group": 3, "mesh": 2}, "depths": [1, 1, 3, 2],
+            "shapes": 4, "attributes": 21, "animated": 2, "timeSamples": 16}
+        self.assertEqual(expected, {name: document[name] for name in expected})
+        self.assertEqual({"string": 8, "group": 3, "double": 2, "float": 2, "int": 4, "null": 2},
+                         document["kinds"])
+        self.assertEqual((self.folder / "small.optree").stat().st_size, document["bytes"])
+        self.assertEqual({"path": "/root/world/geo/quad", "name": "geometry.points", "bytes": 96},
+                         document["largest"][0])
+        self.assertRegex(document["hash"], r"\A[0-9a-f]{32}\Z")
+
+    def test_distinct_values_are_counted_once(self):
+        document = self.document("small.optree")
+        self.assertEqual(8, document["distinctValues"])
+        self.assertLess(document["distinctBytes"], document["valueBytes"])
+
+    def test_report(self):
+        text = self.ok("stats", "small.optree")
+        for expected in (r"content +static scene", r"form +binary", r"locations +7", r"  mesh +2",
+                         r"  \(none\) +1", r"levels +4", r"96 bytes  geometry\.points"):
+            self.assertRegex(text, expected)
+
+    def test_equal_content_has_an_equal_hash_in_both_forms(self):
+        binary, text = self.document("small.optree"), self.document("small.optree.json")
+        self.assertEqual(("text", binary["hash"]), (text["form"], text["hash"]))
+
+    def test_other_content_has_no_locations(self):
+        document = self.document("op.optree")
+        self.assertEqual("op tree", document["content"])
+        self.assertNotIn("locations", document)
+        self.assertNotIn("locations", self.ok("stats", "data.optree"))
+
+    def test_scenes_out_of_the_ordinary(self):
+        self.assertEqual(10000, len(self.document("deep.optree")["depths"]))
+        self.assertEqual([1, 100000], self.document("wide.optree")["depths"])
+        self.assertEqual({"group": 5001 - 1, "int": 1}, self.document("nested.optree")["kinds"])
+        self.assertIn("\\x1b]0;title\\x07", self.ok("stats", "hostile.optree"))
+
+
+class Convert(OvsceneCase):
+    def test_there_and_back(self):
+        for file in ("small.optree", "hostile.optree", "data.optree", "op.optree", "nested.optree"):
+            with self.subTest(file):
+                there = self.ok("convert", file, "there.optree.json")
+                back = self.ok("convert", "there.optree.json", "back.optree")
+                self.assertIn("text, ", there)
+                self.assertEqual(re.search("hash .*", there)[0], re.search("hash .*", back)[0])
+                self.assertEqual((self.folder / file).read_bytes(),
+                                 (self.folder / "back.optree").read_bytes())
+
+    def test_content_is_kept(self):
+        self.assertIn(": op tree, text,", self.ok("convert", "op.optree", "op.json"))
+        self.assertIn(": attribute, binary,", self.ok("convert", "plain.optree.json", "plain.optree"))
+
+    def test_an_output_that_cannot_be_written(self):
+        message = self.fails(6, "convert", "small.optree", "no/such/folder/out.optree")
+        self.assertIn("no/such/folder/out.optree", message)
+
+    def test_a_failure_leaves_what_was_there(self):
+        (self.folder / "kept.optree").write_bytes(b"kept")
+        self.fails(4, "convert", "kept.optree", "kept.optree")
+        self.assertEqual(b"kept", (self.folder / "kept.optree").read_bytes())
+
+
+@unittest.skipUnless(PLUGINS, "no plug-ins were built")
+class Import(OvsceneCase):
+    def setUp(self):
+        (self.folder / "box.obj").write_text(OBJ)
+        (self.folder / "box.mtl").write_text(MTL)
+
+    def locations(self, file):
+        return [json.loads(line) for line in self.ok("tree", file, "--json").splitlines()]
+
+    def test_an_asset_becomes_a_scene(self):
+        summary = self.ok("import", "box.obj", "box.optree")
+        locations = self.locations("box.optree")
+        size = (self.folder / "box.optree").stat().st_size
+        self.assertEqual(f"box.optree: {len(locations)} locations, {size} bytes\n", summary)
+        self.assertIn("mesh", [location["type"] for location in locations])
+
+    def test_both_forms_hold_the_same(self):
+        self.ok("import", "box.obj", "box.optree")
+        self.ok("import", "box.obj", "box.optree.json")
+        binary, text = (json.loads(self.ok("stats", file, "--json"))
+                        for file in ("box.optree", "box.optree.json"))
+        self.assertEqual((binary["hash"], "text"), (text["hash"], text["form"]))
+
+    def test_materials_can_be_left_out(self):
+        self.ok("import", "box.obj", "with.optree")
+        self.ok("import", "box.obj", "without.optree", "--no-materials")
+        types = [[location["type"] for location in self.locations(file)]
+                 for file in ("with.optree", "without.optree")]
+        self.assertIn("material", types[0])
+        self.assertNotIn("material", types[1])
+
+    def test_axis_and_scale_are_taken(self):
+        self.ok("import", "box.obj", "plain.optree")
+        self.ok("import", "box.obj", "turned.optree", "--up-axis", "z", "--unit-scale", "0.01",
+                "--no-lights", "--no-cameras")
+        hashes = {json.loads(self.ok("stats", file, "--json"))["hash"]
+                  for file in ("plain.optree", "turned.optree")}
+        self.assertEqual(2, len(hashes))
+
+    def test_limits(self):
+        for limit in (("--max-bytes", "10"), ("--max-locations", "1")):
+            with self.subTest(limit):
+                self.assertIn("box.obj", self.fails(8, "import", "box.obj", "big.optree", *limit))
+                self.assertFalse((self.folder / "big.optree").exists())
+
+    def test_what_is_no_asset(self):
+        (self.folder / "noise.glb").write_bytes(b"\x1b[31m\xff" * 50)
+        (self.folder / "text.unknown").write_text("hello")
+        for asset in ("noise.glb", "text.unknown"):
+            with self.subTest(asset):
+                self.assertIn(asset, self.fails(8, "import", asset, "no.optree"))
+
+    def test_an_output_that_cannot_be_written_is_told_before_the_work(self):
+        for output in ("no/such/folder/box.optree", "."):
+            with self.subTest(output):
+                self.assertIn(output, self.fails(6, "import", "box.obj", output))
+
+    def test_without_a_plugin_the_places_searched_are_listed(self):
+        (self.folder / "bin").mkdir(exist_ok=True)
+        program = shutil.copy(OVSCENE, self.folder / "bin")
+        message = self.fails(7, "import", "box.obj", "box.optree", "--plugin-path", "one:two",
+                             program=program, OVSCENE_PLUGIN_PATH="/three")
+        self.assertIn("no importer plug-in AssimpImport.so; searched one, two, /three, ", message)
+        self.assertIn("OvSylvarProducers/plugins", message)
+
+    def test_the_environment_names_the_plugins(self):
+        (self.folder / "bin").mkdir(exist_ok=True)
+        program = shutil.copy(OVSCENE, self.folder / "bin")
+        done = self.run_raw("import", "box.obj", "found.optree", program=program,
+                            OVSCENE_PLUGIN_PATH=PLUGINS)
+        self.assertEqual((0, b""), (done.returncode, done.stderr))
+
+    def test_a_plugin_that_is_none(self):
+        for name, data, expected in (("noise", b"noise", "cannot be loaded"),
+                                     ("program", None, "AssimpImport.so")):
+            with self.subTest(name):
+                plugin = self.folder / name / "AssimpImport.so"
+                plugin.parent.mkdir()
+                plugin.write_bytes(data) if data else shutil.copy(OVSCENE, plugin)
+                self.assertIn(expected, self.fails(7, "import", "box.obj", "box.optree",
+                                                   "--plugin-path", str(plugin.parent)))
+
+    def test_an_interrupted_import_leaves_no_file(self):
+        os.mkfifo(self.folder / "endless.obj")
+        process = subprocess.Popen([OVSCENE, "import", "endless.obj", "none.optree"],
+                                   cwd=self.folder, stderr=subprocess.DEVNULL)
+        with open(self.folder / "endless.obj", "wb"):  # open: the program reads, and waits
+            process.send_signal(signal.SIGINT)
+            self.assertEqual(-signal.SIGINT, process.wait(timeout=60))
+        self.assertFalse((self.folder / "none.optree").exists())
+
+
+class Terminal(OvsceneCase):
+    def on_terminal(self, *arguments, **environment):
+        """What a run shows on a terminal."""
+        master, slave = pty.openpty()
+        env = {**os.environ, "TERM": "xterm", **environment}
+        if "NO_COLOR" not in environment:
+            env.pop("NO_COLOR", None)
+        process = subprocess.Popen([OVSCENE, *arguments], cwd=self.folder, env=env, stdin=slave,
+                                   stdout=slave, stderr=slave)
+        os.close(slave)
+        shown = b""
+        try:
+            while piece := os.read(master, 65536):
+                shown += piece
+        except OSError:  # the other end is closed
+            pass
+        os.close(master)
+        self.assertEqual(0, process.wait())
+        return shown.decode("utf-8")
+
+    def test_colours_on_a_terminal(self):
+        self.assertIn("\x1b[36mmesh\x1b[0m", self.on_terminal("tree", "small.optree"))
+
+    def test_no_colours_when_told_so(self):
+        for environment in ({"NO_COLOR": "1"}, {"NO_COLOR": ""}, {"TERM": "dumb"}):
+            with self.subTest(environment):
+                self.assertNotIn("\x1b", self.on_terminal("tree", "small.optree", **environment))
+
+    def test_no_colours_elsewhere(self):
+        self.assertNotIn("\x1b", self.ok("tree", "small.optree", TERM="xterm"))
+
+    def test_colours_do_not_change_the_columns(self):
+        shown = re.sub("\x1b\\[\\d+m", "", self.on_terminal("tree", "small.optree"))
+        self.assertEqual(self.ok("tree", "small.optree"), shown.replace("\r\n", "\n"))
+
+    def test_short_work_shows_no_progress(self):
+        self.assertNotIn("\r\x1b[K", self.on_terminal("stats", "small.optree"))
+
+
+if __name__ == "__main__":
+    unittest.main()
