@@ -20,7 +20,8 @@ using Sylvar3::internal::OvAttribute::DelimiterDecodeAppend;
 std::string pathWithRoom(const std::string& path, std::string_view name) {
     std::string result;
     result.reserve(path.size() + 1 + name.size());
-    return result.append(path).append(1, '/');
+    result.append(path) += '/';
+    return result;
 }
 
 std::string pathOfFirst(const std::string& path, const GroupAttribute& children) {
@@ -59,6 +60,26 @@ std::int64_t placeOf(const std::string& name, const GroupAttribute& children) {
     return count;
 }
 
+/// The decoded names, made from one text in which they stand one after the other.
+StringAttribute listOfNames(const GroupAttribute& children) {
+    const std::int64_t count = children.getNumberOfChildren();
+    std::string text;
+    std::vector<std::size_t> starts;
+    starts.reserve(static_cast<std::size_t>(count));
+    for (std::int64_t i = 0; i < count; ++i) {
+        starts.push_back(text.size());
+        DelimiterDecodeAppend(children.getChildNameView(i), text);
+        text += '\0';
+    }
+    std::vector<const char*> names;
+    names.reserve(starts.size());
+    for (const std::size_t start : starts) {
+        names.push_back(text.data() + start);
+    }
+    return castAttribute<StringAttribute>(
+        Attribute::_attrSuite->createStringArray(names.data(), count, 1));
+}
+
 GroupAttribute childGroup(const GroupAttribute& children, std::int64_t index) {
     return castAttribute<GroupAttribute>(children.getChildByIndex(index));
 }
@@ -89,11 +110,7 @@ StringAttribute StaticGeometryProducer::getPotentialChildren() {
     if (!children) {
         return {};
     }
-    std::vector<std::string> names(static_cast<std::size_t>(children.getNumberOfChildren()));
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        DelimiterDecodeAppend(children.getChildNameView(static_cast<std::int64_t>(i)), names[i]);
-    }
-    return StringAttribute(names, 1);
+    return listOfNames(children);
 }
 
 Attribute StaticGeometryProducer::getAttribute(const char* name) {

@@ -14,14 +14,24 @@
 
 namespace {
 
-using namespace Sylvar3::internal::OvAttribute;
+using Sylvar3::internal::OvAttribute::Attribute;
+using Sylvar3::internal::OvAttribute::AttributeContent;
+using Sylvar3::internal::OvAttribute::DelimiterEncode;
+using Sylvar3::internal::OvAttribute::DoubleAttribute;
+using Sylvar3::internal::OvAttribute::FloatAttribute;
+using Sylvar3::internal::OvAttribute::GroupAttribute;
+using Sylvar3::internal::OvAttribute::GroupBuilder;
+using Sylvar3::internal::OvAttribute::IntAttribute;
+using Sylvar3::internal::OvAttribute::StringAttribute;
+using Sylvar3::internal::OvAttribute::TimedSamples;
 using Children = std::vector<GroupAttribute::Child>;
 
 std::string folder;
 
 void write(const Attribute& attribute, AttributeContent content, const std::string& name) {
     const std::string file = folder + "/" + name;
-    const std::string error = writeAttributeFile(attribute, content, attributeFormOf(file), file);
+    const std::string error = writeAttributeFile(
+        attribute, content, Sylvar3::internal::OvAttribute::attributeFormOf(file), file);
     if (!error.empty()) {
         std::fprintf(stderr, "%s\n", error.c_str());
         std::exit(1);

@@ -293,7 +293,7 @@ class Stats(OvsceneCase):
         expected = {
             "file": "small.optree", "content": "static scene", "form": "binary", "locations": 7,
             "types": {"": 1, "camera": 1, "group": 3, "mesh": 2}, "depths": [1, 1, 3, 2],
-            "shapes": 4, "attributes": 21, "animated": 2, "timeSamples": 16}
+            "shapes": 4, "attributes": 21, "animated": 2, "timeSamples": 18}
         self.assertEqual(expected, {name: document[name] for name in expected})
         self.assertEqual({"string": 8, "group": 3, "double": 2, "float": 2, "int": 4, "null": 2},
                          document["kinds"])

@@ -47,8 +47,11 @@ std::string timesText(const Samples& samples) {
 }
 
 std::string valueText(const char* value, std::size_t columns) {
-    const std::string_view text = value ? value : "";
-    return "\"" + safeText(text, std::max<std::size_t>(columns, 8) - 2) + "\"";
+    std::string quoted = "\"";
+    for (const char c : safeText(value ? value : "", std::max<std::size_t>(columns, 8) - 2)) {
+        quoted.append(c == '"' ? "\\" : "").push_back(c);
+    }
+    return quoted.append("\"");
 }
 
 template <class Number>

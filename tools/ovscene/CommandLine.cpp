@@ -45,7 +45,6 @@ int fail(ExitStatus status, const std::string& message) {
 
 void setWords(CLI::FormatterBase& formatter) {
     formatter.label("SUBCOMMAND", "COMMAND");
-    formatter.label("Subcommands", "Commands");
     formatter.label("Positionals", "Arguments");
     formatter.label("REQUIRED", "");
     formatter.label("TEXT", "");
@@ -64,6 +63,9 @@ void addCommands(CLI::App& app, Output& output) {
     addAttrsCommand(app, output);
     addStatsCommand(app, output);
     addConvertCommand(app, output);
+    for (CLI::App* command : app.get_subcommands({})) {
+        command->group("Commands");
+    }
 }
 
 int failUsage(const CLI::App& app, const CLI::ParseError& error) {

@@ -22,23 +22,38 @@ namespace OvAttribute = Sylvar3::internal::OvAttribute;
     throw CommandError(ExitStatus::InputUnreadable, filename + ": " + std::strerror(error));
 }
 
+class FileDescriptor {
+public:
+    explicit FileDescriptor(int file) : file_(file) {}
+    ~FileDescriptor() { ::close(file_); }
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+
+    int get() const { return file_; }
+
+private:
+    int file_;
+};
+
+int openForReading(const std::string& filename) {
+    const int file = ::open(filename.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) {
+        throwUnreadable(filename, errno);
+    }
+    return file;
+}
+
 class InputFile {
 public:
     explicit InputFile(const std::string& filename)
-        : file_(::open(filename.c_str(), O_RDONLY | O_CLOEXEC)), progress_("reading " + filename) {
+        : file_(openForReading(filename)), progress_("reading " + filename) {
         struct stat status {};
-        if (file_ < 0 || ::fstat(file_, &status) != 0) {
-            throwUnreadable(filename, errno);
-        }
-        if (S_ISDIR(status.st_mode)) {
-            ::close(file_);
+        const bool known = ::fstat(file_.get(), &status) == 0;
+        if (known && S_ISDIR(status.st_mode)) {
             throwUnreadable(filename, EISDIR);
         }
-        expected_ = status.st_size;
+        expected_ = known ? status.st_size : 0;
     }
-    ~InputFile() { ::close(file_); }
-    InputFile(const InputFile&) = delete;
-    InputFile& operator=(const InputFile&) = delete;
 
     static long read(void* self, void* buffer, long size) {
         return static_cast<InputFile*>(self)->readSome(static_cast<char*>(buffer), size);
@@ -52,7 +67,7 @@ private:
         long done = 0;
         while (done < size) {
             const ssize_t count =
-                ::read(file_, buffer + done, static_cast<std::size_t>(size - done));
+                ::read(file_.get(), buffer + done, static_cast<std::size_t>(size - done));
             if (count == 0 || (count < 0 && errno != EINTR)) {
                 error_ = count < 0 ? errno : error_;
                 break;
@@ -64,7 +79,7 @@ private:
         return done;
     }
 
-    int file_;
+    FileDescriptor file_;
     int error_ = 0;
     std::int64_t bytes_ = 0;
     std::int64_t expected_ = 0;
@@ -119,11 +134,11 @@ SceneLocation topLocation(const SceneFile& file) {
         throw CommandError(ExitStatus::InputMalformed,
                            file.name + ": " + reasonAgainstWalking(file.content));
     }
-    auto group = OvAttribute::castAttribute<GroupAttribute>(file.attribute);
+    const auto group = OvAttribute::castAttribute<GroupAttribute>(file.attribute);
     if (!group) {
         throw CommandError(ExitStatus::InputMalformed, file.name + ": the scene is no group");
     }
-    return SceneLocation("root", std::move(group));
+    return SceneLocation("root", group);
 }
 
 std::int64_t writeSceneFile(const Attribute& attribute,

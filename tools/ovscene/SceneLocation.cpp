@@ -13,17 +13,16 @@ namespace {
 
 namespace OvAttribute = Sylvar3::internal::OvAttribute;
 
-GroupAttribute orEmpty(GroupAttribute group) {
+GroupAttribute orEmpty(const GroupAttribute& group) {
     return group ? group : GroupAttribute({}, false);
 }
 
 }  // namespace
 
-SceneLocation::SceneLocation(std::string name, GroupAttribute group)
+SceneLocation::SceneLocation(std::string name, const GroupAttribute& group)
     : name_(std::move(name)),
       children_(group.getChild<GroupAttribute>("c")),
-      producer_(
-          SYLVAR::CreateStaticGeometryProducer("/" + name_, orEmpty(std::move(group)), nullptr)) {}
+      producer_(SYLVAR::CreateStaticGeometryProducer("/" + name_, orEmpty(group), nullptr)) {}
 
 GroupAttribute SceneLocation::attributes() const {
     return OvAttribute::castAttribute<GroupAttribute>(producer_->getAttribute(""));

@@ -19,7 +19,7 @@ using SYLVAR::GroupAttribute;
 class SceneLocation {
 public:
     /// A null group is a location without attributes and without children.
-    SceneLocation(std::string name, GroupAttribute group);
+    SceneLocation(std::string name, const GroupAttribute& group);
 
     /// The decoded name: any bytes.
     const std::string& name() const { return name_; }

@@ -100,7 +100,9 @@ private:
             statistics_.distinctBytes += first ? bytes : 0;
             statistics_.samples += samples.getNumberOfTimeSamples();
             statistics_.animated += samples.getNumberOfTimeSamples() > 1 ? 1 : 0;
-            addLarge(inner, walk, bytes);
+            if (first) {
+                addLarge(inner, walk, bytes);
+            }
         });
     }
 

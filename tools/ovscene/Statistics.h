@@ -38,7 +38,7 @@ struct Statistics {
     std::int64_t distinctValues = 0;
     std::int64_t distinctBytes = 0;
     std::int64_t shapes = 0;  ///< Different lists of attribute names that locations have.
-    std::vector<LargeAttribute> largest;
+    std::vector<LargeAttribute> largest;  ///< Of equal values the first alone.
     double walkSeconds = 0;
 };
 

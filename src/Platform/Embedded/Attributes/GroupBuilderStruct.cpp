@@ -9,9 +9,13 @@ using namespace Sylvar3::internal::OvAttribute::Embedded;
 
 void OvGroupBuilderStruct::set(std::string_view name, Value* owned) {
     Node& node = *nodeFor(name, Missing::Make);
+    setIn(node, name, owned);
+}
+
+void OvGroupBuilderStruct::setIn(Node& node, std::string_view name, Value* owned) {
     const auto place = static_cast<std::size_t>(node.children.set(name, owned));
     if (place < node.nested.size()) {
-        node.nested[place] = 0;
+        node.nested[place] = nullptr;
     }
 }
 
@@ -28,31 +32,28 @@ void OvGroupBuilderStruct::remove(std::string_view name) {
 }
 
 void OvGroupBuilderStruct::update(const GroupValue& group) {
-    Node& top = nodes_.front();
     for (std::int64_t i = 0; i < group.size(); ++i) {
-        const std::int64_t place = top.children.set(group.shape->name(i), retained(group[i]));
-        if (static_cast<std::size_t>(place) < top.nested.size()) {
-            top.nested[static_cast<std::size_t>(place)] = 0;
-        }
+        setIn(top_, group.shape->name(i), retained(group[i]));
     }
 }
 
 OvGroupBuilderStruct::Value* OvGroupBuilderStruct::build() {
-    for (std::size_t i = nodes_.size(); i-- > 0;) {
-        finishNested(nodes_[i]);
+    for (auto node = nodes_.rbegin(); node != nodes_.rend(); ++node) {
+        finishNested(**node);
     }
-    nodes_.resize(1);
-    return nodes_.front().children.make();
+    finishNested(top_);
+    nodes_.clear();
+    return top_.children.make();
 }
 
 void OvGroupBuilderStruct::clear() {
-    nodes_.resize(1);
-    nodes_.front().children.clear();
-    nodes_.front().nested.clear();
+    nodes_.clear();
+    top_.children.clear();
+    top_.nested.clear();
 }
 
 OvGroupBuilderStruct::Node* OvGroupBuilderStruct::nodeFor(std::string_view& name, Missing missing) {
-    Node* node = &nodes_.front();
+    Node* node = &top_;
     for (std::size_t dot = name.find('.'); isNested_ && node && dot != std::string_view::npos;
          dot = name.find('.')) {
         node = nestedIn(*node, name.substr(0, dot), missing);
@@ -66,8 +67,8 @@ OvGroupBuilderStruct::Node* OvGroupBuilderStruct::nestedIn(Node& node,
                                                            Missing missing) {
     const std::int64_t place = node.children.find(name);
     const auto index = static_cast<std::size_t>(place);
-    if (place >= 0 && index < node.nested.size() && node.nested[index] != 0) {
-        return &nodes_[node.nested[index]];
+    if (place >= 0 && index < node.nested.size() && node.nested[index]) {
+        return node.nested[index];
     }
     GroupValue* const old = place < 0 ? nullptr : asGroup(node.children[place]);
     return old || missing == Missing::Make ? &openNested(node, name, old) : nullptr;
@@ -77,23 +78,22 @@ OvGroupBuilderStruct::Node* OvGroupBuilderStruct::nestedIn(Node& node,
 OvGroupBuilderStruct::Node& OvGroupBuilderStruct::openNested(Node& node,
                                                              std::string_view name,
                                                              const GroupValue* old) {
-    Node& nested = nodes_.emplace_back();
+    Node& nested = *nodes_.emplace_back(std::make_unique<Node>());
     if (old) {
         nested.children.inherits = old->inherits();
         nested.children.update(*old);
     }
     const auto place = static_cast<std::size_t>(node.children.set(name, nullptr));
     node.nested.resize(std::max(node.nested.size(), place + 1));
-    node.nested[place] = nodes_.size() - 1;
+    node.nested[place] = &nested;
     return nested;
 }
 
-/// Puts the groups in place that the nodes behind this one have made.
+/// Puts the groups in place that are made further behind, which are finished themselves.
 void OvGroupBuilderStruct::finishNested(Node& node) {
     for (std::size_t place = 0; place < node.nested.size(); ++place) {
-        if (node.nested[place] != 0) {
-            node.children.replace(static_cast<std::int64_t>(place),
-                                  nodes_[node.nested[place]].children.make());
+        if (const Node* const nested = node.nested[place]) {
+            node.children.replace(static_cast<std::int64_t>(place), nested->children.make());
         }
     }
     node.nested.clear();

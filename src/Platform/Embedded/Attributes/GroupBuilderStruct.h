@@ -2,26 +2,26 @@
 #pragma once
 
 #include <cstddef>
-#include <deque>
+#include <memory>
 #include <string_view>
 #include <vector>
 
 #include "Platform/Embedded/Attributes/GroupAssembly.h"
 
-/// A group builder: a list of groups in the making. The first one is the group to be built; in
-/// nested mode the parts of a dotted name lead from one to another that stands further behind.
+/// A group builder: groups in the making. In nested mode the parts of a dotted name lead from the
+/// group to be built to others, each of them behind the one that leads to it.
 struct OvGroupBuilderStruct {
 public:
     using GroupValue = Sylvar3::internal::OvAttribute::Embedded::GroupValue;
     using Value = Sylvar3::internal::OvAttribute::Embedded::Value;
 
-    explicit OvGroupBuilderStruct(bool isNested) : isNested_(isNested) { nodes_.emplace_back(); }
+    explicit OvGroupBuilderStruct(bool isNested) : isNested_(isNested) {}
 
     /// As the operations of these names in the table; `set` takes over the caller's reference.
     void set(std::string_view name, Value* owned);
     void remove(std::string_view name);
     void update(const GroupValue& group);
-    void setInherits(bool inherits) { nodes_.front().children.inherits = inherits; }
+    void setInherits(bool inherits) { top_.children.inherits = inherits; }
 
     /// A new group with one reference.
     Value* build();
@@ -31,9 +31,11 @@ public:
 private:
     struct Node {
         Sylvar3::internal::OvAttribute::Embedded::GroupAssembly children;
-        /// By place: the node in which that child is being made; 0 for a child that stands.
-        std::vector<std::size_t> nested;
+        /// By place: the node in which that child is being made; null for a child that stands.
+        std::vector<Node*> nested;
     };
+
+    static void setIn(Node& node, std::string_view name, Value* owned);
 
     enum class Missing { Make, Stop };
 
@@ -42,8 +44,9 @@ private:
     Node* nodeFor(std::string_view& name, Missing missing);
     Node* nestedIn(Node& node, std::string_view name, Missing missing);
     Node& openNested(Node& node, std::string_view name, const GroupValue* old);
-    void finishNested(Node& node);
+    static void finishNested(Node& node);
 
     bool isNested_;
-    std::deque<Node> nodes_;
+    Node top_;
+    std::vector<std::unique_ptr<Node>> nodes_;
 };
