@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 // Making, finding, reading and hashing attributes.
-#include <benchmark/benchmark.h>
-
-#include <string>
-#include <vector>
-
 #include <SylvarPlatform/GroupBuilder.h>
 #include <SylvarPlatform/SampleAccessor.h>
 
 #include "support/AllocationCount.h"
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -168,7 +168,8 @@ BENCHMARK(BuildGroup);
 void HashLargeArray(benchmark::State& state) {
     constexpr std::int64_t kBytesOfARound = std::int64_t{1} << 25;
     const std::vector<float> values(static_cast<std::size_t>(state.range(0)) / sizeof(float), 1.5F);
-    std::vector<FloatAttribute> attributes(static_cast<std::size_t>(kBytesOfARound / state.range(0)));
+    std::vector<FloatAttribute> attributes(
+        static_cast<std::size_t>(kBytesOfARound / state.range(0)));
     for (auto _ : state) {
         state.PauseTiming();
         for (FloatAttribute& attribute : attributes) {

@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reading a stored scene: 100,000 locations with 8 attributes each.
-#include <benchmark/benchmark.h>
-
-#include <malloc.h>
-
-#include <cstdio>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include <SylvarPlatform/AttributeFile.h>
 #include <SylvarPlatform/DataAttribute.h>
 #include <SylvarPlatform/GroupBuilder.h>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <malloc.h>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -66,8 +65,8 @@ int append(void* stream, const void* bytes, long size) {
 
 std::string stored(AttributeForm form, std::int64_t locations) {
     std::string bytes;
-    const std::string error = writeAttribute(
-        sceneOf(locations), AttributeContent::StaticScene, form, &bytes, append);
+    const std::string error =
+        writeAttribute(sceneOf(locations), AttributeContent::StaticScene, form, &bytes, append);
     if (!error.empty()) {
         std::fprintf(stderr, "%s\n", error.c_str());
     }

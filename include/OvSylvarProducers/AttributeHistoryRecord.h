@@ -2,10 +2,9 @@
 #pragma once
 
 #include <OvSylvarProducers/Export.h>
+#include <SylvarPlatform/Attribute.h>
 
 #include <string>
-
-#include <SylvarPlatform/Attribute.h>
 
 namespace SYLVAR {
 

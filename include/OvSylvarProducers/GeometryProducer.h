@@ -2,6 +2,9 @@
 #pragma once
 
 #include <OvSylvarProducers/Export.h>
+#include <SylvarPlatform/DataAttribute.h>
+#include <SylvarPlatform/GroupAttribute.h>
+#include <SylvarPlatform/SylvarRuntime.h>
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
 #include <boost/smart_ptr/intrusive_ref_counter.hpp>
@@ -9,10 +12,6 @@
 #include <memory>
 #include <set>
 #include <string>
-
-#include <SylvarPlatform/DataAttribute.h>
-#include <SylvarPlatform/GroupAttribute.h>
-#include <SylvarPlatform/SylvarRuntime.h>
 
 namespace SYLVAR {
 

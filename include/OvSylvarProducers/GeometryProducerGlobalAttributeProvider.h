@@ -2,11 +2,10 @@
 #pragma once
 
 #include <OvSylvarProducers/GeometryProducer.h>
+#include <SylvarPlatform/GlobalAttributes.h>
 
 #include <cstdint>
 #include <string>
-
-#include <SylvarPlatform/GlobalAttributes.h>
 
 namespace SYLVAR {
 

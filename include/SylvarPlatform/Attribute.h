@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <utility>
-
 #include <SylvarPlatform/Export.h>
 #include <SylvarPlatform/Hash.h>
 #include <SylvarPlatform/suites/AttributeSuite.h>
+
+#include <cstdint>
+#include <string>
+#include <utility>
 
 /// Attribute values: immutable, reference-counted, behind one opaque handle.
 namespace Sylvar3::internal::OvAttribute {

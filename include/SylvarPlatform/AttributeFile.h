@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <SylvarPlatform/Attribute.h>
+
 #include <cstdint>
 #include <string>
-
-#include <SylvarPlatform/Attribute.h>
 
 /// Serialised attributes: one file form, binary or text, for op trees, static scenes and any other
 /// attribute. The forms are told in `docs/formats.md`.

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <SylvarPlatform/Attribute.h>
+
 #include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <SylvarPlatform/Attribute.h>
 
 namespace Sylvar3::internal::OvAttribute {
 
@@ -19,9 +19,7 @@ public:
 
     DataAttribute() noexcept = default;
 
-    std::int64_t getTupleSize() const {
-        return isValid() ? _attrSuite->getTupleSize(handle()) : 0;
-    }
+    std::int64_t getTupleSize() const { return isValid() ? _attrSuite->getTupleSize(handle()) : 0; }
 
     /// The number of values of one sample.
     std::int64_t getNumberOfValues() const {
@@ -111,8 +109,11 @@ public:
     /// Fills `count` doubles at `out` with the first values at `time`: linear between the two
     /// samples around it, clamped outside them. What has no value gets `otherwise`. The samples
     /// may stand in any order of time. The last argument is reserved: pass false.
-    void fillInterpSample(
-        double* out, long count, float time, double otherwise, bool reserved) const;
+    void fillInterpSample(double* out,
+                          long count,
+                          float time,
+                          double otherwise,
+                          bool reserved) const;
 
 private:
     explicit DoubleAttribute(OvAttributeStruct* owned) noexcept : DataAttribute(owned) {}

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <SylvarPlatform/Export.h>
+
 #include <string>
 #include <string_view>
-
-#include <SylvarPlatform/Export.h>
 
 namespace Sylvar3::internal::OvAttribute {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 #include <SylvarPlatform/Attribute.h>
 #include <SylvarPlatform/Export.h>
+
+#include <cstdint>
+#include <string>
 
 namespace Sylvar3::internal::OvSylvarServices {
 
@@ -32,7 +32,12 @@ namespace OvSylvarCookInterfaceUtils {
 /// The value of an attribute at a location, those above it considered. The nearest level that has
 /// the attribute wins. When that is a group with group inherit on, the groups of the levels above
 /// are merged under it, child by child and group by group, until one with group inherit off has
-/// been merged. Null when no level has it.
+/// been merged, or a level has a value that is no group. Null when no level has it.
+///
+/// In a merge the nearer child wins, a null child too, which hides those behind it. Where the
+/// nearer child is a group with group inherit on, those of its name behind it are merged under it
+/// by the same rule. The nearer group's children stand first, in their order, then the new ones.
+/// Groups that a merge makes have group inherit off. Groups may be of any depth.
 ///
 /// Asks the provider for depth 0, 1, 2, ... in turn, and no depth twice. The last argument is
 /// reserved: pass null. Any thread.

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <SylvarPlatform/Attribute.h>
+
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include <SylvarPlatform/Attribute.h>
 
 namespace Sylvar3::internal::OvAttribute {
 
@@ -55,9 +55,7 @@ public:
         return castAttribute<Wanted>(getChildByName(name));
     }
 
-    bool getGroupInherit() const {
-        return isValid() && _attrSuite->getGroupInherit(handle()) != 0;
-    }
+    bool getGroupInherit() const { return isValid() && _attrSuite->getGroupInherit(handle()) != 0; }
 
     /// Appends all children in their order.
     void fillChildVector(std::vector<Child>* children) const;

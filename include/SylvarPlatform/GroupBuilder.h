@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string_view>
-
 #include <SylvarPlatform/GroupAttribute.h>
+
+#include <string_view>
 
 namespace Sylvar3::internal::OvAttribute {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <SylvarPlatform/Export.h>
+#include <SylvarPlatform/suites/AttributeSuite.h>
+
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <tuple>
-
-#include <SylvarPlatform/Export.h>
-#include <SylvarPlatform/suites/AttributeSuite.h>
 
 namespace Sylvar3::internal::OvAttribute {
 

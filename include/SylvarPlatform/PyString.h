@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <SylvarPlatform/Export.h>
+
 #include <string>
 #include <vector>
-
-#include <SylvarPlatform/Export.h>
 
 /// String functions with the meaning of Python's of the same names. Negative indices count from the
 /// end, and results that would run past the end are cut. White space is that of the C locale,

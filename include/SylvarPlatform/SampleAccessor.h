@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <SylvarPlatform/DataAttribute.h>
+
 #include <cmath>
 #include <cstdint>
-
-#include <SylvarPlatform/DataAttribute.h>
 
 namespace Sylvar3::internal::OvAttribute {
 
@@ -17,8 +17,10 @@ public:
     using value_type = typename DataAttributeType::value_type;
 
     explicit SampleAccessor(const Attribute& attribute)
-        : table_(Attribute::_attrSuite->acquireSamples(
-              attribute.handle(), DataAttributeType::kType, 1, &buffer_)),
+        : table_(Attribute::_attrSuite->acquireSamples(attribute.handle(),
+                                                       DataAttributeType::kType,
+                                                       1,
+                                                       &buffer_)),
           attribute_(attribute) {}
 
     /// Looks for the sample nearest `wantedTime` too, the first of equal distance.
@@ -51,8 +53,7 @@ public:
     /// The values of sample `index`, which must be there.
     const value_type* getSample(std::int64_t index) const {
         if (table_->flags & OV_SAMPLES_CONTIGUOUS) {
-            return static_cast<const value_type*>(table_->values) +
-                   index * table_->valuesPerSample;
+            return static_cast<const value_type*>(table_->values) + index * table_->valuesPerSample;
         }
         return static_cast<const value_type* const*>(table_->values)[index];
     }
@@ -62,9 +63,7 @@ public:
 
     /// The values of the nearest sample as a range; empty when there is none.
     const value_type* begin() const { return nearest_; }
-    const value_type* end() const {
-        return nearest_ ? nearest_ + getNumberOfValues() : nullptr;
-    }
+    const value_type* end() const { return nearest_ ? nearest_ + getNumberOfValues() : nullptr; }
 
 private:
     std::int64_t nearestIndex(float wantedTime) const {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AssetScene.h"
 
-#include <memory>
 #include <set>
 
 #include <assimp/BaseImporter.h>
@@ -23,6 +22,12 @@ public:
 private:
     ImportProgress& progress_;
 };
+
+bool readsExtension(Assimp::BaseImporter& reader, const char* extension) {
+    std::set<std::string> extensions;
+    reader.GetExtensionList(extensions);
+    return extensions.count(extension) != 0;
+}
 
 std::string reasonOf(const char* text) {
     std::string reason = text;
@@ -53,13 +58,10 @@ AssetScene::AssetScene(const ImportRequest& request,
 
 void AssetScene::keepReadersOf(const AssetFormat& format) {
     for (std::size_t i = importer_.GetImporterCount(); i > 0; --i) {
-        std::unique_ptr<Assimp::BaseImporter> reader(importer_.GetImporter(i - 1));
-        std::set<std::string> extensions;
-        reader->GetExtensionList(extensions);
-        if (extensions.count(format.extension) != 0) {
-            reader.release();
-        } else {
-            importer_.UnregisterLoader(reader.get());
+        Assimp::BaseImporter* reader = importer_.GetImporter(i - 1);
+        if (!readsExtension(*reader, format.extension)) {
+            importer_.UnregisterLoader(reader);
+            delete reader;
         }
     }
 }

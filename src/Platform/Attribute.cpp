@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/Attribute.h>
+#include <SylvarPlatform/AttributeFile.h>
 
 #include <stdexcept>
-
-#include <SylvarPlatform/AttributeFile.h>
 
 namespace Sylvar3::internal::OvAttribute {
 

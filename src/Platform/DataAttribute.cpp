@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/DataAttribute.h>
+#include <SylvarPlatform/SampleAccessor.h>
 
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
-
-#include <SylvarPlatform/SampleAccessor.h>
 
 namespace Sylvar3::internal::OvAttribute {
 
@@ -84,8 +83,7 @@ IntAttribute::value_type IntAttribute::getValue(value_type otherwise,
     return otherwise;
 }
 
-FloatAttribute::FloatAttribute(value_type value)
-    : FloatAttribute(_attrSuite->createFloat(value)) {}
+FloatAttribute::FloatAttribute(value_type value) : FloatAttribute(_attrSuite->createFloat(value)) {}
 FloatAttribute::FloatAttribute(const std::vector<value_type>& values, long tupleSize)
     : FloatAttribute(values.data(), countOf(values), tupleSize) {}
 FloatAttribute::FloatAttribute(const value_type* values, std::int64_t count, long tupleSize)
@@ -122,8 +120,10 @@ StringAttribute::StringAttribute(const char* value)
     : StringAttribute(_attrSuite->createString(value)) {}
 StringAttribute::StringAttribute(const std::string& value) : StringAttribute(value.c_str()) {}
 StringAttribute::StringAttribute(const std::vector<std::string>& values, long tupleSize)
-    : StringAttribute(_attrSuite->createStringArray(
-          values.empty() ? nullptr : pointersTo(values).data(), countOf(values), tupleSize)) {}
+    : StringAttribute(
+          _attrSuite->createStringArray(values.empty() ? nullptr : pointersTo(values).data(),
+                                        countOf(values),
+                                        tupleSize)) {}
 StringAttribute::StringAttribute(const TimedSamples<std::string>& samples, long tupleSize) {
     TimedSamples<const char*> pointers;
     pointers.reserve(samples.size());

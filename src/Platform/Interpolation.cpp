@@ -42,8 +42,11 @@ double between(double a, double b, double fraction) {
 
 }  // namespace
 
-void DoubleAttribute::fillInterpSample(
-    double* out, long count, float time, double otherwise, bool /*reserved*/) const {
+void DoubleAttribute::fillInterpSample(double* out,
+                                       long count,
+                                       float time,
+                                       double otherwise,
+                                       bool /*reserved*/) const {
     const Samples samples(*this);
     const Bracket around =
         samples.getNumberOfTimeSamples() > 0 ? bracketOf(samples, time) : Bracket{};

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <algorithm>
-
 #include <SylvarPlatform/PyString.h>
+
 #include <pystring/pystring.h>
+
+#include <algorithm>
 
 namespace Sylvar3::internal::pystring_v1 {
 namespace {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <SylvarPlatform/PyString.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <optional>
-
-#include <SylvarPlatform/PyString.h>
 #include <pwd.h>
 
 namespace Sylvar3::internal::pystring_v1 {

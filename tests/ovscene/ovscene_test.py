@@ -438,12 +438,12 @@ class Import(OvsceneCase):
                                                    "--plugin-path", str(plugin.parent)))
 
     def test_an_interrupted_import_leaves_no_file(self):
-        os.mkfifo(self.folder / "endless.obj")
-        process = subprocess.Popen([OVSCENE, "import", "endless.obj", "none.optree"],
-                                   cwd=self.folder, stderr=subprocess.DEVNULL)
-        with open(self.folder / "endless.obj", "wb"):  # open: the program reads, and waits
-            process.send_signal(signal.SIGINT)
-            self.assertEqual(-signal.SIGINT, process.wait(timeout=60))
+        os.mkfifo(self.folder / "endless.obj")  # nobody writes to it: the program waits
+        process = subprocess.Popen(
+            [OVSCENE, "import", "endless.obj", "none.optree"], cwd=self.folder,
+            preexec_fn=lambda: signal.signal(signal.SIGINT, signal.SIG_DFL))
+        process.send_signal(signal.SIGINT)
+        self.assertEqual(-signal.SIGINT, process.wait(timeout=60))
         self.assertFalse((self.folder / "none.optree").exists())
 
 

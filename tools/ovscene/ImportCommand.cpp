@@ -7,6 +7,7 @@
 #include "Commands.h"
 #include "ExitStatus.h"
 #include "ImporterPlugin.h"
+#include "InputFile.h"
 #include "NumberText.h"
 #include "SafeText.h"
 #include "SceneFile.h"
@@ -77,7 +78,7 @@ std::int64_t countLocations(const SceneFile& scene) {
 }
 
 void runImport(const ImportOptions& options, Output& output) {
-    requireReadableFile(options.asset);
+    static_cast<void>(InputFile(options.asset));  // throws when it is unreadable
     requireWritablePlace(options.output);
     SceneFile scene{options.asset,
                     importScene(loadAssetImporter(options.pluginPath), options),

@@ -8,8 +8,7 @@
 #include <utility>
 
 #include "ExitStatus.h"
-#include "Terminal.h"
-#include <fcntl.h>
+#include "InputFile.h"
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,74 +16,6 @@ namespace ovscene {
 namespace {
 
 namespace OvAttribute = Sylvar3::internal::OvAttribute;
-
-[[noreturn]] void throwUnreadable(const std::string& filename, int error) {
-    throw CommandError(ExitStatus::InputUnreadable, filename + ": " + std::strerror(error));
-}
-
-class FileDescriptor {
-public:
-    explicit FileDescriptor(int file) : file_(file) {}
-    ~FileDescriptor() { ::close(file_); }
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-
-    int get() const { return file_; }
-
-private:
-    int file_;
-};
-
-int openForReading(const std::string& filename) {
-    const int file = ::open(filename.c_str(), O_RDONLY | O_CLOEXEC);
-    if (file < 0) {
-        throwUnreadable(filename, errno);
-    }
-    return file;
-}
-
-class InputFile {
-public:
-    explicit InputFile(const std::string& filename)
-        : file_(openForReading(filename)), progress_("reading " + filename) {
-        struct stat status {};
-        const bool known = ::fstat(file_.get(), &status) == 0;
-        if (known && S_ISDIR(status.st_mode)) {
-            throwUnreadable(filename, EISDIR);
-        }
-        expected_ = known ? status.st_size : 0;
-    }
-
-    static long read(void* self, void* buffer, long size) {
-        return static_cast<InputFile*>(self)->readSome(static_cast<char*>(buffer), size);
-    }
-
-    int error() const { return error_; }
-    std::int64_t bytes() const { return bytes_; }
-
-private:
-    long readSome(char* buffer, long size) {
-        long done = 0;
-        while (done < size) {
-            const ssize_t count =
-                ::read(file_.get(), buffer + done, static_cast<std::size_t>(size - done));
-            if (count == 0 || (count < 0 && errno != EINTR)) {
-                error_ = count < 0 ? errno : error_;
-                break;
-            }
-            done += count > 0 ? count : 0;
-        }
-        bytes_ += done;
-        progress_.showFraction(static_cast<double>(bytes_) / static_cast<double>(expected_ + 1));
-        return done;
-    }
-
-    FileDescriptor file_;
-    int error_ = 0;
-    std::int64_t bytes_ = 0;
-    std::int64_t expected_ = 0;
-    Progress progress_;
-};
 
 std::string withFileName(const std::string& filename, const std::string& reason) {
     return reason.find(filename) == std::string::npos ? filename + ": " + reason : reason;
@@ -109,10 +40,8 @@ std::string reasonAgainstWalking(AttributeContent content) {
 SceneFile readSceneFile(const std::string& filename) {
     const auto start = std::chrono::steady_clock::now();
     InputFile input(filename);
-    OvAttribute::AttributeReadResult result = OvAttribute::readAttribute(&input, InputFile::read);
-    if (input.error() != 0) {
-        throwUnreadable(filename, input.error());
-    }
+    OvAttribute::AttributeReadResult result = OvAttribute::readAttribute(&input, &InputFile::read);
+    input.requireNoError();
     if (!result.attribute) {
         throw CommandError(ExitStatus::InputMalformed, filename + ": " + result.error);
     }
@@ -123,10 +52,6 @@ SceneFile readSceneFile(const std::string& filename) {
             result.form,
             input.bytes(),
             taken.count()};
-}
-
-void requireReadableFile(const std::string& filename) {
-    InputFile readable(filename);
 }
 
 SceneLocation topLocation(const SceneFile& file) {

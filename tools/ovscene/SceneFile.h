@@ -27,9 +27,6 @@ struct SceneFile {
 /// read, InputMalformed with the reader's message when its bytes are no attribute.
 SceneFile readSceneFile(const std::string& filename);
 
-/// Throws InputUnreadable when the file cannot be opened, or is a folder.
-void requireReadableFile(const std::string& filename);
-
 /// The top location of a static scene, /root. Throws InputMalformed for a file of other content.
 SceneLocation topLocation(const SceneFile& file);
 

@@ -2,9 +2,9 @@
 #ifndef SYLVAR_PLATFORM_SUITES_ASSET_IMPORTER_H
 #define SYLVAR_PLATFORM_SUITES_ASSET_IMPORTER_H
 
-#include <stdint.h>
-
 #include <SylvarPlatform/suites/AttributeSuite.h>
+
+#include <stdint.h>
 
 #ifdef __cplusplus
 extern "C" {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Support/ReplacementFile.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <atomic>
 #include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <sys/stat.h>
 
 namespace Sylvar3::internal::Support {
 

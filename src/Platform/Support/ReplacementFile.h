@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string>
-
 #include "Platform/Support/FileHandle.h"
+
+#include <string>
 
 namespace Sylvar3::internal::Support {
 

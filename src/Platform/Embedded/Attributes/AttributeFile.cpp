@@ -1,22 +1,24 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/AttributeFile.h>
 
-#include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-
 #include "Platform/Embedded/Attributes/AttributeFile_generated.h"
 #include "Platform/Embedded/Attributes/BinaryForm.h"
 #include "Platform/Embedded/Attributes/ByteSource.h"
 #include "Platform/Embedded/Attributes/FileForms.h"
 #include "Platform/Support/ReplacementFile.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
 namespace Sylvar3::internal::OvAttribute {
 
-using namespace Embedded;
-
 namespace {
+
+namespace BinaryForm = Embedded::BinaryForm;
+using Embedded::ByteSource;
+using Embedded::ReadValue;
 
 bool looksBinary(std::string_view begin) {
     return begin.size() >= BinaryForm::kIdentifierOffset + BinaryForm::kIdentifierBytes &&
@@ -82,11 +84,11 @@ AttributeReadResult readAttribute(void* stream, OvReadFunction read) {
     source.readUpTo(BinaryForm::kIdentifierOffset + BinaryForm::kIdentifierBytes);
     if (looksBinary(source.bytes())) {
         source.readAll();
-        return resultOf(readBinary(source.bytes()), AttributeForm::Binary);
+        return resultOf(Embedded::readBinary(source.bytes()), AttributeForm::Binary);
     }
     if (looksLikeText(source.bytes())) {
         source.readAll();
-        return resultOf(readText(source.bytes()), AttributeForm::Text);
+        return resultOf(Embedded::readText(source.bytes()), AttributeForm::Text);
     }
     return failedWith(source.bytes().empty() ? "It is empty."
                                              : "It is neither the binary nor the text form.");
@@ -121,8 +123,8 @@ std::string writeAttribute(const Attribute& attribute,
         return "The null attribute cannot be written.";
     }
     const auto& value = *attribute.handle();
-    return form == AttributeForm::Binary ? writeBinary(value, content, stream, write)
-                                         : writeText(value, content, stream, write);
+    return form == AttributeForm::Binary ? Embedded::writeBinary(value, content, stream, write)
+                                         : Embedded::writeText(value, content, stream, write);
 }
 
 std::string writeAttributeFile(const Attribute& attribute,
@@ -143,10 +145,10 @@ std::string writeAttributeFile(const Attribute& attribute,
 
 AttributeForm attributeFormOf(const std::string& filename) {
     constexpr std::string_view kTextEnding = ".json";
-    const bool isText = filename.size() >= kTextEnding.size() &&
-                        filename.compare(filename.size() - kTextEnding.size(),
-                                         kTextEnding.size(),
-                                         kTextEnding) == 0;
+    const bool isText =
+        filename.size() >= kTextEnding.size() &&
+        filename.compare(filename.size() - kTextEnding.size(), kTextEnding.size(), kTextEnding) ==
+            0;
     return isText ? AttributeForm::Text : AttributeForm::Binary;
 }
 

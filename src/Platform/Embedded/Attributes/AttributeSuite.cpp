@@ -1,16 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <SylvarPlatform/suites/AttributeSuite.h>
-
-#include <cstddef>
-#include <cstring>
-#include <limits>
-#include <new>
-#include <stdexcept>
-
 #include <SylvarPlatform/AttributeFile.h>
 #include <SylvarPlatform/DataAttribute.h>
 #include <SylvarPlatform/Export.h>
 #include <SylvarPlatform/GroupBuilder.h>
+#include <SylvarPlatform/suites/AttributeSuite.h>
 
 #include "Platform/Embedded/Attributes/ContentHash.h"
 #include "Platform/Embedded/Attributes/DataValue.h"
@@ -20,11 +13,17 @@
 #include "Platform/Embedded/Attributes/XmlReader.h"
 #include "Platform/Embedded/Attributes/XmlWriter.h"
 
+#include <cstddef>
+#include <cstring>
+#include <limits>
+#include <new>
+#include <stdexcept>
+
 namespace Sylvar3::internal::OvAttribute {
 
-namespace {
+namespace Embedded {
 
-using namespace Embedded;
+namespace {
 
 static_assert(sizeof(OvSampleTable) <= sizeof(OvSampleTableBuffer));
 
@@ -173,7 +172,8 @@ OvSampleTable* acquireSamples(Value* value,
         return nullptr;
     }
     const bool isInline = inlineWanted != 0 && buffer;
-    void* const memory = isInline ? static_cast<void*>(buffer) : ::operator new(sizeof(OvSampleTable));
+    void* const memory =
+        isInline ? static_cast<void*>(buffer) : ::operator new(sizeof(OvSampleTable));
     const int flags = OV_SAMPLES_CONTIGUOUS | (isInline ? 0 : OV_SAMPLES_DISPOSE);
     return new (memory) OvSampleTable{0,
                                       static_cast<std::uint8_t>(flags),
@@ -367,11 +367,13 @@ static_assert(offsetof(OvAttributeSuite, createFloatFromSamples) == 28 * sizeof(
 
 }  // namespace
 
-const OvAttributeSuite* Attribute::_attrSuite = &kSuite;
-const OvAttributeSuite* GroupBuilder::_attrSuite = &kSuite;
+}  // namespace Embedded
+
+const OvAttributeSuite* Attribute::_attrSuite = &Embedded::kSuite;
+const OvAttributeSuite* GroupBuilder::_attrSuite = &Embedded::kSuite;
 
 }  // namespace Sylvar3::internal::OvAttribute
 
 SYLVAR_PLATFORM_API const OvAttributeSuite* OvGetAttributeSuite() {
-    return &Sylvar3::internal::OvAttribute::kSuite;
+    return &Sylvar3::internal::OvAttribute::Embedded::kSuite;
 }

@@ -1,9 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <flatbuffers/flatbuffers.h>
-
-#include <cstring>
-#include <vector>
-
 #include "Platform/Embedded/Attributes/AttributeFile_generated.h"
 #include "Platform/Embedded/Attributes/BinaryForm.h"
 #include "Platform/Embedded/Attributes/BinarySupply.h"
@@ -11,6 +6,11 @@
 #include "Platform/Embedded/Attributes/FileForms.h"
 #include "Platform/Embedded/Attributes/NameList.h"
 #include "Platform/Embedded/Attributes/TextRecords.h"
+
+#include <flatbuffers/flatbuffers.h>
+
+#include <cstring>
+#include <vector>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
@@ -75,9 +75,9 @@ private:
     void readEntries() {
         made_.reserve(file_.entries()->size());
         for (const File::Entry* const entry : *file_.entries()) {
-            made_.push_back({entry->kind() == OV_ATTRIBUTE_GROUP ? readGroup(*entry)
-                                                                 : readData(*entry),
-                             false});
+            made_.push_back(
+                {entry->kind() == OV_ATTRIBUTE_GROUP ? readGroup(*entry) : readData(*entry),
+                 false});
         }
         if (made_.empty()) {
             throw Malformed{"it holds no attribute"};

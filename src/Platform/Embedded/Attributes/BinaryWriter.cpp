@@ -1,11 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <flatbuffers/flatbuffers.h>
-
-#include <limits>
-#include <string_view>
-#include <unordered_map>
-#include <vector>
-
 #include "Platform/Embedded/Attributes/AttributeFile_generated.h"
 #include "Platform/Embedded/Attributes/BinaryForm.h"
 #include "Platform/Embedded/Attributes/ContentHash.h"
@@ -13,6 +6,13 @@
 #include "Platform/Embedded/Attributes/FileForms.h"
 #include "Platform/Embedded/Attributes/GroupValue.h"
 #include "Platform/Embedded/Attributes/TextRecords.h"
+
+#include <flatbuffers/flatbuffers.h>
+
+#include <limits>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Attributes/Block.h"
 
+#include "Platform/Embedded/Attributes/Shape.h"
+
 #include <algorithm>
 #include <new>
-
-#include "Platform/Embedded/Attributes/Shape.h"
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "Platform/Embedded/Attributes/Value.h"
+
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
-
-#include "Platform/Embedded/Attributes/Value.h"
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
@@ -44,7 +44,6 @@ public:
 
     /// The page that is being filled, to tell whether two values share one.
     const Owner* currentPage() const { return page_; }
-
 
 private:
     ~Block();

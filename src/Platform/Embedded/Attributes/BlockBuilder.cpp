@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Attributes/BlockBuilder.h"
 
-#include <algorithm>
-#include <cstring>
-#include <utility>
-
 #include "Platform/Embedded/Attributes/Block.h"
 #include "Platform/Embedded/Attributes/Lifetime.h"
 #include "Platform/Embedded/Attributes/NameList.h"
 #include "Platform/Embedded/Attributes/TextRecords.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
@@ -17,11 +17,12 @@ namespace {
 constexpr std::size_t kLargestCopy = 64;
 
 DataShape shapeOf(const DataValue& value) {
-    DataShape shape{value.kind, value.tupleSize, value.sampleCount, value.valueCount, value.times()};
+    DataShape shape{
+        value.kind, value.tupleSize, value.sampleCount, value.valueCount, value.times()};
     if (value.kind == OV_ATTRIBUTE_STRING) {
         for (std::int64_t i = 0; i < value.totalValues(); ++i) {
-            shape.textBytes += TextRecord::at(value.valuesAs<const char*>()[i]).size() +
-                               TextRecord::kExtraBytes;
+            shape.textBytes +=
+                TextRecord::at(value.valuesAs<const char*>()[i]).size() + TextRecord::kExtraBytes;
         }
     }
     return shape;

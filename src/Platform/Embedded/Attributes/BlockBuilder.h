@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstddef>
-#include <unordered_set>
-
 #include "Platform/Embedded/Attributes/DataValue.h"
 #include "Platform/Embedded/Attributes/GroupValue.h"
+
+#include <cstddef>
+#include <unordered_set>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Attributes/ContentHash.h"
 
-#include <boost/container/small_vector.hpp>
-
-#include <vector>
-
 #include "Platform/Embedded/Attributes/DataValue.h"
 #include "Platform/Embedded/Attributes/GroupValue.h"
 #include "Platform/Embedded/Attributes/Hashing.h"
 #include "Platform/Embedded/Attributes/TextRecords.h"
+
+#include <boost/container/small_vector.hpp>
+
+#include <vector>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Attributes/DataValue.h"
 
-#include <algorithm>
-#include <cmath>
-#include <cstring>
-#include <limits>
-#include <new>
-
 #include <SylvarPlatform/DataAttribute.h>
 
 #include "Platform/Embedded/Attributes/Block.h"
 #include "Platform/Embedded/Attributes/Lifetime.h"
 #include "Platform/Embedded/Attributes/TextRecords.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <new>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
@@ -37,14 +37,13 @@ std::size_t times(std::size_t a, std::size_t b) {
 }
 
 bool needsTimes(const DataShape& shape) {
-    const bool isPlain =
-        shape.sampleCount == 1 && (!shape.times || isPlainTime(shape.times[0]));
+    const bool isPlain = shape.sampleCount == 1 && (!shape.times || isPlainTime(shape.times[0]));
     return shape.sampleCount != 0 && !isPlain;
 }
 
 void writeTimes(DataValue& value, const float* from) {
-    auto* const to = reinterpret_cast<float*>(static_cast<char*>(value.values()) +
-                                              value.valuesBytes());
+    auto* const to =
+        reinterpret_cast<float*>(static_cast<char*>(value.values()) + value.valuesBytes());
     if (from) {
         std::copy_n(from, value.sampleCount, to);
     } else {
@@ -67,9 +66,9 @@ bool DataShape::isLegal() const {
 }
 
 const float* DataValue::times() const {
-    return flags & kTimed ? reinterpret_cast<const float*>(static_cast<const char*>(values()) +
-                                                           valuesBytes())
-                          : &DataAttribute::kZero;
+    return flags & kTimed
+               ? reinterpret_cast<const float*>(static_cast<const char*>(values()) + valuesBytes())
+               : &DataAttribute::kZero;
 }
 
 const char* DataValue::records() const {

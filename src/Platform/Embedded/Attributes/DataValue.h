@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "Platform/Embedded/Attributes/Value.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-
-#include "Platform/Embedded/Attributes/Value.h"
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include <SylvarPlatform/AttributeFile.h>
 
 #include "Platform/Embedded/Attributes/Value.h"
+
+#include <string>
+#include <string_view>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

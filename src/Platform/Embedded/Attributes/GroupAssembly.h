@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "Platform/Embedded/Attributes/GroupValue.h"
+#include "Platform/Embedded/Attributes/NameList.h"
+
 #include <boost/container/small_vector.hpp>
 
 #include <cstdint>
 #include <string_view>
 #include <utility>
-
-#include "Platform/Embedded/Attributes/GroupValue.h"
-#include "Platform/Embedded/Attributes/NameList.h"
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Attributes/GroupBuilderStruct.h"
 
-#include <algorithm>
-
 #include "Platform/Embedded/Attributes/Lifetime.h"
 
-using namespace Sylvar3::internal::OvAttribute::Embedded;
+#include <algorithm>
+
+using Sylvar3::internal::OvAttribute::Embedded::asGroup;
+using Sylvar3::internal::OvAttribute::Embedded::NameList;
+using Sylvar3::internal::OvAttribute::Embedded::retained;
 
 void OvGroupBuilderStruct::set(std::string_view name, Value* owned) {
     Node& node = *nodeFor(name, Missing::Make);

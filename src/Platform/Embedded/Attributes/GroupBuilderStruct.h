@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "Platform/Embedded/Attributes/GroupAssembly.h"
+
 #include <cstddef>
 #include <memory>
 #include <string_view>
 #include <vector>
-
-#include "Platform/Embedded/Attributes/GroupAssembly.h"
 
 /// A group builder: groups in the making. In nested mode the parts of a dotted name lead from the
 /// group to be built to others, each of them behind the one that leads to it.

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Attributes/GroupValue.h"
 
-#include <new>
-
 #include "Platform/Embedded/Attributes/Block.h"
 #include "Platform/Embedded/Attributes/Lifetime.h"
+
+#include <new>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

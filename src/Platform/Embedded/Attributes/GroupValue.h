@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstdint>
-#include <string_view>
-
 #include "Platform/Embedded/Attributes/Shape.h"
 #include "Platform/Embedded/Attributes/Value.h"
+
+#include <cstdint>
+#include <string_view>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

@@ -2,13 +2,13 @@
 #pragma once
 
 #define XXH_INLINE_ALL
+#include <SylvarPlatform/suites/AttributeSuite.h>
+
 #include <xxhash.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-
-#include <SylvarPlatform/suites/AttributeSuite.h>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
@@ -23,8 +23,8 @@ inline OvAttributeHash digestOf(const void* bytes, std::size_t size) {
 /// loaded), so that nobody can prepare names that all fall into one place.
 inline std::uint32_t nameHashOf(std::string_view name) {
     static constexpr char kHere = 0;
-    return static_cast<std::uint32_t>(XXH3_64bits_withSeed(
-        name.data(), name.size(), reinterpret_cast<std::uintptr_t>(&kHere)));
+    return static_cast<std::uint32_t>(
+        XXH3_64bits_withSeed(name.data(), name.size(), reinterpret_cast<std::uintptr_t>(&kHere)));
 }
 
 }  // namespace Sylvar3::internal::OvAttribute::Embedded

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Attributes/NameList.h"
 
-#include <algorithm>
-#include <limits>
-#include <stdexcept>
-
 #include "Platform/Embedded/Attributes/Hashing.h"
 #include "Platform/Embedded/Attributes/NameIndex.h"
 #include "Platform/Embedded/Attributes/TextRecords.h"
+
+#include <algorithm>
+#include <limits>
+#include <stdexcept>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
@@ -66,8 +66,7 @@ void NameList::append(std::string_view name, std::uint32_t hash) {
 void NameList::indexAll(std::size_t slots) {
     slots_.assign(slots, 0);
     for (std::size_t place = 0; slots != 0 && place < hashes_.size(); ++place) {
-        NameIndex::insert(
-            slots_.data(), slots, hashes_[place], static_cast<std::uint32_t>(place));
+        NameIndex::insert(slots_.data(), slots, hashes_[place], static_cast<std::uint32_t>(place));
     }
 }
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Attributes/Shape.h"
 
-#include <algorithm>
-#include <new>
-
 #include "Platform/Embedded/Attributes/Hashing.h"
 #include "Platform/Embedded/Attributes/NameIndex.h"
 #include "Platform/Embedded/Attributes/NameList.h"
 #include "Platform/Embedded/Attributes/ShapeTable.h"
 #include "Platform/Embedded/Attributes/TextRecords.h"
+
+#include <algorithm>
+#include <new>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

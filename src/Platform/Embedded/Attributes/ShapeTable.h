@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <array>
-#include <unordered_map>
-
 #include "Platform/Embedded/Attributes/Shape.h"
 #include "Platform/Support/Mutex.h"
+
+#include <array>
+#include <unordered_map>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <SylvarPlatform/suites/AttributeSuite.h>
+
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
-
-#include <SylvarPlatform/suites/AttributeSuite.h>
 
 /// Every value begins with this header; a handle is its address. What follows is told in
 /// `DataValue.h` and `GroupValue.h`. Values lie at multiples of 8 bytes.
@@ -40,8 +40,7 @@ struct Owner {
 
 inline Owner& ownerOf(const Value& value) {
     const char* const at = reinterpret_cast<const char*>(&value);
-    return *reinterpret_cast<Owner*>(
-        const_cast<char*>(at - std::ptrdiff_t{value.toOwner} * 8));
+    return *reinterpret_cast<Owner*>(const_cast<char*>(at - std::ptrdiff_t{value.toOwner} * 8));
 }
 
 /// A hash that is computed once and kept. Both words of a hash are non-zero, so each of them shows

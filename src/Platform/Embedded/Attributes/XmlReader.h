@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string_view>
-
 #include "Platform/Embedded/Attributes/Value.h"
+
+#include <string_view>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
