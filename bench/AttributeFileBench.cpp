@@ -112,4 +112,35 @@ void ReadTextScene(benchmark::State& state) {
 }
 BENCHMARK(ReadTextScene)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
+/// The locations of a stored scene, each held by the scene.
+std::vector<OvAttributeStruct*> locationsOf(const GroupAttribute& scene) {
+    std::vector<OvAttributeStruct*> found{scene.handle()};
+    for (std::size_t next = 0; next < found.size(); ++next) {
+        const auto location = castAttribute<GroupAttribute>(Attribute::share(found[next]));
+        const auto children = location.getChild<GroupAttribute>("c");
+        for (std::int64_t i = 0; i < children.getNumberOfChildren(); ++i) {
+            found.push_back(children.getChildByIndex(i).handle());
+        }
+    }
+    return found;
+}
+
+/// All locations have the same type, stored once; each thread reads it at a part of them.
+void ReadSharedType(benchmark::State& state) {
+    static const std::string bytes = stored(AttributeForm::Binary, 100'000);
+    static const Attribute scene = readAttributeBytes(bytes.data(), bytes.size()).attribute;
+    static const auto locations = locationsOf(castAttribute<GroupAttribute>(scene));
+    const OvAttributeSuite& suite = *Attribute::_attrSuite;
+    const std::size_t part = locations.size() / static_cast<std::size_t>(state.threads());
+    const std::size_t begin = part * static_cast<std::size_t>(state.thread_index());
+    std::size_t next = begin;
+    for (auto _ : state) {
+        OvAttributeStruct* const type = suite.getChildByName(locations[next], "a.type", 6);
+        benchmark::DoNotOptimize(type);
+        suite.release(type);
+        next = next + 1 == begin + part ? begin : next + 1;
+    }
+}
+BENCHMARK(ReadSharedType)->Threads(1)->Threads(2)->UseRealTime();
+
 }  // namespace

@@ -42,8 +42,8 @@ std::string lowerExtension(const std::string& filename) {
 
 }  // namespace
 
-const char* const kAssetExtensions[] = {
-    "obj", "gltf", "glb", "fbx", "dae", "ply", "stl", "3ds", "off", "x3d", "ifc", nullptr};
+const char* const kAssetExtensions[] =
+    {"obj", "gltf", "glb", "fbx", "dae", "ply", "stl", "3ds", "off", "x3d", "ifc", nullptr};
 
 const AssetFormat* findAssetFormat(const std::string& filename) {
     const std::string extension = lowerExtension(filename);

@@ -3,12 +3,11 @@
 
 #include <set>
 
+#include "Guard/AssetFiles.h"
+#include "ImportError.h"
 #include <assimp/BaseImporter.h>
 #include <assimp/ProgressHandler.hpp>
 #include <assimp/config.h>
-
-#include "Guard/AssetFiles.h"
-#include "ImportError.h"
 
 namespace AssimpImport {
 namespace {
@@ -31,6 +30,9 @@ bool readsExtension(Assimp::BaseImporter& reader, const char* extension) {
 
 std::string reasonOf(const char* text) {
     std::string reason = text;
+    if (reason.rfind("No suitable reader", 0) == 0) {
+        return "its content is not of the format that its extension names";
+    }
     while (!reason.empty() && (reason.back() == '.' || reason.back() == '\n')) {
         reason.pop_back();
     }

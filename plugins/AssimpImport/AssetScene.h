@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <assimp/Importer.hpp>
-#include <assimp/scene.h>
-
 #include "AssetFormat.h"
 #include "ImportProgress.h"
 #include "ImportRequest.h"
+#include <assimp/Importer.hpp>
+#include <assimp/scene.h>
 
 namespace AssimpImport {
 

@@ -20,7 +20,7 @@ import xml.etree.ElementTree
 OVSCENE = os.environ["OVSCENE"]
 PLUGINS = os.environ.get("OVSCENE_TEST_PLUGINS", "")
 GOLDEN = pathlib.Path(__file__).resolve().parent / "golden"
-HOSTILE = "\\x1b[31mred\\xff\\x0a\"<&>\\xc2\\x9b\\xe2\\x80\\xae"
+HOSTILE = "\\x1B[31mred\\xFF\\x0A\"<&>\\xC2\\x9B\\xE2\\x80\\xAE"
 
 OBJ = """mtllib box.mtl
 o triangle
@@ -119,7 +119,7 @@ class General(OvsceneCase):
                 self.assertTrue(self.fails(4, "stats", name).startswith(name + ": "))
 
     def test_file_names_are_escaped_in_messages(self):
-        self.assertIn("gone\\x1b[31m\\xff\\x0a:", self.fails(3, "tree", b"gone\x1b[31m\xff\n"))
+        self.assertIn("gone\\x1B[31m\\xFF\\x0A:", self.fails(3, "tree", b"gone\x1b[31m\xff\n"))
 
     def test_a_reader_that_stops_is_a_quiet_end(self):
         process = subprocess.Popen([OVSCENE, "tree", "wide.optree"], cwd=self.folder,
@@ -168,7 +168,7 @@ class Tree(OvsceneCase):
                 ("/root/gone", "/root has 1 child, not 'gone'"),
                 ("/root/world/empty/a/b", "/root/world/empty has no children"),
                 ("/other", "the top location is /root"), ("", "the top location is /root"),
-                ("/root/\x1b", "/root has 1 child, not '\\x1b'")):
+                ("/root/\x1b", "/root has 1 child, not '\\x1B'")):
             with self.subTest(path):
                 self.assertIn(expected, self.fails(5, "tree", "small.optree", path))
 
@@ -181,7 +181,7 @@ class Tree(OvsceneCase):
             self.assertNotRegex(line, "[\x00-\x09\x0b-\x1f\x7f-\x9f\u202e]")
         lines = self.json_lines("hostile.optree")
         self.assertEqual(HOSTILE, lines[1]["name"])
-        self.assertEqual("\\x1b]0;title\\x07", lines[1]["type"])
+        self.assertEqual("\\x1B]0;title\\x07", lines[1]["type"])
 
     def test_a_name_with_a_slash_is_found_again_by_its_path(self):
         path = self.json_lines("hostile.optree")[2]["path"]
@@ -272,7 +272,7 @@ class Attrs(OvsceneCase):
                                     else "[\x00-\x08\x0b-\x1f]")
         attributes = self.children(self.document("hostile.optree", path)["attribute"])
         self.assertEqual([HOSTILE], attributes[HOSTILE]["samples"][0]["values"])
-        self.assertEqual(["\\x5cx1b"], attributes["lookalike"]["samples"][0]["values"])
+        self.assertEqual(["\\x5Cx1b"], attributes["lookalike"]["samples"][0]["values"])
         self.assertEqual(["nan", "inf", "-inf", 0.1],
                          attributes["numbers"]["samples"][0]["values"])
 
@@ -327,7 +327,7 @@ class Stats(OvsceneCase):
         self.assertEqual(10000, len(self.document("deep.optree")["depths"]))
         self.assertEqual([1, 100000], self.document("wide.optree")["depths"])
         self.assertEqual({"group": 5001 - 1, "int": 1}, self.document("nested.optree")["kinds"])
-        self.assertIn("\\x1b]0;title\\x07", self.ok("stats", "hostile.optree"))
+        self.assertIn("\\x1B]0;title\\x07", self.ok("stats", "hostile.optree"))
 
 
 class Convert(OvsceneCase):

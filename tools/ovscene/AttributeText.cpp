@@ -59,24 +59,54 @@ std::string valueText(Number value, std::size_t) {
     return numberText(value);
 }
 
+/// Appends values until they are as wide as they may be.
+class ValueList {
+public:
+    ValueList(std::int64_t count, std::int64_t tuple, std::size_t columns)
+        : count_(count), tuple_(tuple), columns_(columns) {}
+
+    /// False when the value did not fit any more.
+    template <class Value>
+    bool add(Value value) {
+        const bool inTuple = tuple_ > 1;
+        const bool last = index_ + 1 == count_;
+        const bool closes = inTuple && (index_ % tuple_ == tuple_ - 1 || last);
+        const std::string piece = std::string(index_ == 0 ? "" : " ") +
+                                  (inTuple && index_ % tuple_ == 0 ? "(" : "") +
+                                  valueText(value, columns_) + (closes ? ")" : "");
+        width_ += displayWidth(piece);
+        if (index_ > 0 && width_ + (last ? 0 : kMore.size()) > columns_) {
+            list_.resize(whole_ > 0 ? whole_ : list_.size());
+            list_.append(kMore);
+            return false;
+        }
+        list_ += piece;
+        whole_ = closes || !inTuple ? list_.size() : whole_;
+        ++index_;
+        return true;
+    }
+
+    const std::string& text() const { return list_; }
+
+private:
+    std::int64_t count_;
+    std::int64_t tuple_;
+    std::size_t columns_;
+    std::int64_t index_ = 0;
+    std::size_t width_ = 0;
+    std::size_t whole_ = 0;  // the length up to the last whole tuple
+    std::string list_;
+};
+
 template <class Samples>
 std::string listText(const Samples& samples, std::int64_t tuple, std::size_t columns) {
-    std::string list;
-    std::size_t width = 0;
-    const std::int64_t count = samples.getNumberOfValues();
-    for (std::int64_t i = 0; i < count; ++i) {
-        const bool opens = tuple > 1 && i % tuple == 0;
-        const bool closes = tuple > 1 && (i % tuple == tuple - 1 || i == count - 1);
-        const std::string piece = (i == 0 ? "" : " ") + std::string(opens ? "(" : "") +
-                                  valueText(samples.getNearest()[i], columns) + (closes ? ")" : "");
-        const std::size_t room = i == count - 1 ? 0 : kMore.size();
-        width += displayWidth(piece);
-        if (i > 0 && width + room > columns) {
-            return list.append(kMore);
+    ValueList list(samples.getNumberOfValues(), tuple, columns);
+    for (const auto value : samples) {
+        if (!list.add(value)) {
+            break;
         }
-        list += piece;
     }
-    return list;
+    return list.text();
 }
 
 }  // namespace

@@ -26,6 +26,7 @@ namespace {
 
 constexpr std::size_t kLevelsIndented = 20;
 constexpr std::size_t kLongestName = 60;
+constexpr std::size_t kLinesMeasured = 1000;
 constexpr std::size_t kFewestValueColumns = 24;
 
 struct AttrsOptions {
@@ -97,45 +98,57 @@ std::string indentation(std::size_t levels) {
            numberText(static_cast<std::int64_t>(more)) + ") ";
 }
 
-/// The lines of a list of attributes: name, kind, samples and values.
+/// The lines of a list of attributes: name, kind, samples and values. The values get the columns
+/// that the lines measured leave.
 class AttributeLines {
 public:
-    AttributeLines(Output& output, std::size_t firstDepth)
-        : table_(output), columns_(outputColumns()), firstDepth_(firstDepth) {
-        table_.add(
-            {Cell::left("name"), Cell::left("kind"), Cell::left("samples"), Cell::left("values")});
+    AttributeLines(Output& output, std::string topName, std::size_t firstDepth)
+        : table_(output), topName_(std::move(topName)), firstDepth_(firstDepth) {
+        const std::vector<Cell> heading = {
+            Cell::left("name"), Cell::left("kind"), Cell::left("samples")};
+        measure(heading);
+        add(heading, "values");
     }
 
-    void add(const AttributeWalk& walk, const std::string& topName) {
-        const std::string name =
-            safeText(walk.depth() == 0 ? topName : std::string(walk.name()), kLongestName);
-        const Cell nameCell = Cell::left(indentation(walk.depth() - firstDepth_) + name);
-        const std::string kind = kindText(walk.attribute());
-        const std::string samples = samplesText(walk.attribute());
-        left_ = std::max(left_, nameCell.width);
-        kind_ = std::max(kind_, kind.size());
-        samples_ = std::max(samples_, samples.size());
-        table_.add({nameCell,
-                    {palette_.type(kind), kind.size()},
-                    Cell::left(samples),
-                    Cell::left(valuesText(walk.attribute(), valueColumns()))});
+    void measure(const AttributeWalk& walk) { measure(cells(walk)); }
+
+    void add(const AttributeWalk& walk) {
+        const std::size_t columns = outputColumns();
+        const std::size_t room = columns - std::min(columns, taken_);
+        add(cells(walk), valuesText(walk.attribute(), std::max(kFewestValueColumns, room)));
     }
 
     void finish() { table_.finish(); }
 
 private:
-    std::size_t valueColumns() const {
-        const std::size_t taken = left_ + kind_ + samples_ + 6;  // three gaps
-        return std::max(kFewestValueColumns, columns_ - std::min(columns_, taken));
+    std::vector<Cell> cells(const AttributeWalk& walk) const {
+        const std::string name = walk.depth() == 0 ? topName_ : std::string(walk.name());
+        const std::string kind = kindText(walk.attribute());
+        return {Cell::left(indentation(walk.depth() - firstDepth_) + safeText(name, kLongestName)),
+                {palette_.type(kind), kind.size()},
+                Cell::left(samplesText(walk.attribute()))};
+    }
+
+    void measure(const std::vector<Cell>& line) {
+        constexpr std::size_t kGap = 2;
+        taken_ = 0;
+        for (std::size_t i = 0; i < line.size(); ++i) {
+            widths_[i] = std::max(widths_[i], line[i].width);
+            taken_ += widths_[i] + kGap;
+        }
+    }
+
+    void add(std::vector<Cell> line, const std::string& values) {
+        line.push_back(Cell::left(values));
+        table_.add(std::move(line));
     }
 
     Table table_;
     Palette palette_;
-    std::size_t columns_;
+    std::string topName_;
     std::size_t firstDepth_;
-    std::size_t left_ = 0;
-    std::size_t kind_ = 0;
-    std::size_t samples_ = 7;
+    std::size_t widths_[3] = {};
+    std::size_t taken_ = 0;
 };
 
 void printHeading(const Subject& subject, Output& output) {
@@ -154,12 +167,20 @@ void printLines(const Subject& subject, const std::string& filename, Output& out
         output.write("no attributes\n");
         return;
     }
+    const std::string topName = subject.name.empty() ? "(attribute)" : subject.name;
+    AttributeLines lines(output, topName, list ? 1 : 0);
     VisitLimit limit(filename);
-    AttributeLines lines(output, list ? 1 : 0);
-    for (AttributeWalk walk(subject.attribute, limit); !walk.atEnd(); walk.next()) {
-        if (walk.depth() > 0 || !list) {
-            lines.add(walk, subject.name.empty() ? "(attribute)" : subject.name);
-        }
+    AttributeWalk first(subject.attribute, limit);
+    if (list) {
+        first.next();
+    }
+    std::size_t measured = 0;
+    for (AttributeWalk walk = first; !walk.atEnd() && measured < kLinesMeasured; walk.next()) {
+        lines.measure(walk);
+        ++measured;
+    }
+    for (AttributeWalk walk = first; !walk.atEnd(); walk.next()) {
+        lines.add(walk);
     }
     lines.finish();
 }

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "ExitStatus.h"
+#include "NumberText.h"
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -63,8 +64,16 @@ long InputFile::readSome(char* buffer, long size) {
         done += count > 0 ? count : 0;
     }
     bytes_ += done;
-    progress_.showFraction(static_cast<double>(bytes_) / static_cast<double>(expected_ + 1));
+    showProgress();
     return done;
+}
+
+void InputFile::showProgress() {
+    if (expected_ > 0) {
+        progress_.showFraction(static_cast<double>(bytes_) / static_cast<double>(expected_));
+    } else if (progress_.isDue()) {
+        progress_.show(counted(bytes_, "byte"));
+    }
 }
 
 }  // namespace ovscene

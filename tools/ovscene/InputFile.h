@@ -30,6 +30,7 @@ public:
 
 private:
     long readSome(char* buffer, long size);
+    void showProgress();
 
     std::string filename_;
     int file_;

@@ -59,7 +59,8 @@ bool within(std::uint32_t code, std::uint32_t first, std::uint32_t last) {
 
 bool isControl(std::uint32_t code) {
     return code < 0x20 || within(code, 0x7F, 0x9F) || within(code, 0x200E, 0x200F) ||
-           within(code, 0x2028, 0x202E) || within(code, 0x2066, 0x2069) || code == 0x61C;
+           within(code, 0x2028, 0x202E) || within(code, 0x2066, 0x2069) ||
+           within(code, 0xFFFE, 0xFFFF) || code == 0x61C;
 }
 
 bool isHexDigit(char c) {
@@ -72,7 +73,7 @@ bool looksLikeEscape(std::string_view text, std::size_t at) {
 }
 
 void appendEscaped(std::string& out, std::string_view bytes) {
-    static constexpr char kDigits[] = "0123456789abcdef";
+    static constexpr char kDigits[] = "0123456789ABCDEF";
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const std::uint8_t byte = byteAt(bytes, i);
         out.append({'\\', 'x', kDigits[byte >> 4U], kDigits[byte & 0xFU]});

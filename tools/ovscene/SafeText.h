@@ -10,7 +10,7 @@ namespace ovscene {
 
 /// Valid UTF-8 that shows what it says: control characters (those of C1, of line separation and of
 /// writing direction too) and bytes that are not UTF-8 are written as \xHH, byte by byte. A
-/// backslash that would read as such an escape is written as \x5c.
+/// backslash that would read as such an escape is written as \x5C.
 std::string safeText(std::string_view text);
 
 /// The same for the first `columns` columns; "..." ends what was cut.

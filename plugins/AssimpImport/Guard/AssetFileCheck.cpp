@@ -5,10 +5,9 @@
 #include <cstring>
 #include <fstream>
 
-#include <sys/stat.h>
-
 #include "Guard/DeclaredCounts.h"
 #include "ImportError.h"
+#include <sys/stat.h>
 
 namespace AssimpImport {
 namespace {

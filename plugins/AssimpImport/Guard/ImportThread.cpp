@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Guard/ImportThread.h"
 
-#include <pthread.h>
-
 #include "ImportError.h"
+#include <pthread.h>
 
 namespace AssimpImport {
 namespace {

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <assimp/camera.h>
-
 #include "AssetFormat.h"
+#include <assimp/camera.h>
 
 namespace AssimpImport {
 

@@ -8,11 +8,6 @@
 namespace AssimpImport {
 namespace {
 
-// glTF cameras have no place of their own in their node, whatever Assimp says.
-Matrix gltfFrame() {
-    return kIdentity;
-}
-
 // The bank is told as y turned about the line of sight; here it is z that points up.
 aiVector3D chunkUp(const aiCamera& camera) {
     const aiVector3D level = aiVector3D(0, 1, 0) - camera.mLookAt * camera.mLookAt.y;
@@ -24,7 +19,7 @@ aiVector3D chunkUp(const aiCamera& camera) {
 Matrix cameraFrame(const aiCamera& camera, const AssetFormat& format) {
     switch (format.fieldOfView) {
         case FieldOfView::VerticalTimesAspect:
-            return gltfFrame();
+            return kIdentity;  // the node is the camera's frame; its position would count twice
         case FieldOfView::LensLength:
             return frameAlong(camera.mPosition, camera.mLookAt, chunkUp(camera));
         case FieldOfView::Horizontal:

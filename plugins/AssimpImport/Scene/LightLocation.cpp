@@ -49,7 +49,8 @@ Brightness brightnessOf(const aiColor3D& color) {
 }
 
 Matrix lightFrame(const aiLight& light) {
-    const bool directed = light.mType != aiLightSource_POINT && light.mType != aiLightSource_AMBIENT;
+    const bool directed =
+        light.mType != aiLightSource_POINT && light.mType != aiLightSource_AMBIENT;
     const aiVector3D ahead(0, 0, -1);
     const aiVector3D up(0, 1, 0);
     return directed ? frameAlong(light.mPosition, light.mDirection, light.mUp)

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <assimp/light.h>
-
 #include "AssetFormat.h"
 #include "Scene/LocationMaker.h"
+#include <assimp/light.h>
 
 namespace AssimpImport {
 

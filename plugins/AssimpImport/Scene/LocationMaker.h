@@ -4,11 +4,10 @@
 #include <cstdint>
 #include <string>
 
-#include <assimp/types.h>
-
 #include "Attributes/AttributeMaker.h"
 #include "Scene/LocationNames.h"
 #include "Scene/Matrix.h"
+#include <assimp/types.h>
 
 namespace AssimpImport {
 

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include <assimp/matrix4x4.inl>
+
 namespace AssimpImport {
 namespace {
 
@@ -99,8 +101,11 @@ Matrix frameAlong(const aiVector3D& position, const aiVector3D& forward, const a
     const Vector x = sideways(z, direction(widened(up), {0, 1, 0}));
     const Vector y = cross(x, z);
     const Vector at = widened(position);
-    const Matrix frame = {
+    Matrix frame = {
         x[0], x[1], x[2], 0, y[0], y[1], y[2], 0, -z[0], -z[1], -z[2], 0, at[0], at[1], at[2], 1};
+    for (double& value : frame) {
+        value += 0.0;  // -0 becomes 0
+    }
     return isFinite(frame) ? frame : kIdentity;
 }
 

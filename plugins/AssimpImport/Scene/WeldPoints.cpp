@@ -31,7 +31,9 @@ std::string_view bytesOf(const Corner& corner) {
     return {reinterpret_cast<const char*>(corner.data()), sizeof corner};
 }
 
-void keepPoints(std::vector<float>& values, const std::vector<std::size_t>& kept, std::size_t size) {
+void keepPoints(std::vector<float>& values,
+                const std::vector<std::size_t>& kept,
+                std::size_t size) {
     if (values.empty()) {
         return;
     }

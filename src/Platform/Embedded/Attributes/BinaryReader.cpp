@@ -206,6 +206,9 @@ ReadValue failed(const std::string& what) {
 }  // namespace
 
 ReadValue readBinary(std::string_view bytes) {
+    if (bytes.size() >= FLATBUFFERS_MAX_BUFFER_SIZE) {
+        return failed("it is larger than 2 GiB");
+    }
     const auto* const data = reinterpret_cast<const std::uint8_t*>(bytes.data());
     flatbuffers::Verifier verifier(data, bytes.size());
     if (!File::VerifyAttributeFileBuffer(verifier)) {

@@ -218,10 +218,15 @@ void DataCollector::addSpecial(std::string_view text) {
 }
 
 void DataCollector::addRecord(std::string_view text) {
-    refuseNul(text);
     const std::size_t begin = values_.size();
     values_.resize(begin + text.size() + TextRecord::kExtraBytes);
-    TextRecord::write(values_.data() + begin, text);
+    char* const at = values_.data() + begin + sizeof(std::uint32_t);
+    std::memcpy(at, text.data(), text.size());
+    const std::string_view bytes(at, TextEscape::unescape(at, text.size()));
+    refuseNul(bytes);
+    const auto length = static_cast<std::uint32_t>(bytes.size());
+    std::memcpy(values_.data() + begin, &length, sizeof length);
+    values_.resize(begin + bytes.size() + TextRecord::kExtraBytes);
 }
 
 template <class T>

@@ -42,6 +42,8 @@ public:
     void endSample();
 
     void addNumber(std::string_view number);
+
+    /// The text with its escapes, which stand for bytes of a string and for the bits of a number.
     void addString(std::string_view text);
 
     /// The attribute, in the builder's block.

@@ -42,7 +42,7 @@ private:
         Format,
         Version,
         Content,
-        Value,
+        AnyValue,
         Member,
         Inherit,
         Tuple,
@@ -67,7 +67,7 @@ private:
     void typedMember(std::string_view name);
     void child(std::string_view name);
     void becomeGroup();
-    void complete(OvAttributeStruct* value);
+    void complete(Value* value);
     std::string_view unescaped(std::string_view text);
     [[noreturn]] void refuse(const char* what) const;
 
@@ -77,9 +77,8 @@ private:
     Next next_ = Next::Document;
     Form form_ = Form::Unknown;
     unsigned told_ = 0;  ///< The members of the document so far, as bits.
-    bool isInheritTold_ = false;
     AttributeContent content_ = AttributeContent::Attribute;
-    OvAttributeStruct* root_ = nullptr;
+    Value* root_ = nullptr;
     std::string scratch_;
 };
 

@@ -12,8 +12,8 @@ constexpr std::size_t kDeepestIndent = 32;
 
 }  // namespace
 
-TextOutput::TextOutput(void* stream, OvWriteFunction write)
-    : stream_(stream), write_(write), bytes_(new char[kRoom]) {}
+TextOutput::TextOutput(void* stream, OvWriteFunction take)
+    : stream_(stream), take_(take), bytes_(new char[kRoom]) {}
 
 void TextOutput::write(std::string_view text) {
     while (!text.empty()) {
@@ -42,7 +42,7 @@ bool TextOutput::finish() {
 
 void TextOutput::passOn() {
     if (size_ != 0 && !isStopped_) {
-        isStopped_ = write_(stream_, bytes_.get(), static_cast<long>(size_)) == 0;
+        isStopped_ = take_(stream_, bytes_.get(), static_cast<long>(size_)) == 0;
     }
     passedOn_ += size_;
     size_ = 0;

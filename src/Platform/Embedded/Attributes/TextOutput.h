@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <string_view>
 
@@ -14,7 +13,7 @@ namespace Sylvar3::internal::OvAttribute::Embedded {
 /// goes nowhere. Belongs to one thread.
 class TextOutput {
 public:
-    TextOutput(void* stream, OvWriteFunction write);
+    TextOutput(void* stream, OvWriteFunction take);
 
     void put(char c) {
         if (size_ == kRoom) {
@@ -28,8 +27,8 @@ public:
     void newLine(std::size_t depth);
 
     /// How many bytes the line has, and the whole text.
-    std::size_t column() const { return static_cast<std::size_t>(length() - lineBegin_); }
-    std::uint64_t length() const { return passedOn_ + size_; }
+    std::size_t column() const { return length() - lineBegin_; }
+    std::size_t length() const { return passedOn_ + size_; }
 
     bool isStopped() const { return isStopped_; }
 
@@ -42,11 +41,11 @@ private:
     void passOn();
 
     void* const stream_;
-    const OvWriteFunction write_;
+    const OvWriteFunction take_;
     std::unique_ptr<char[]> bytes_;
     std::size_t size_ = 0;
-    std::uint64_t passedOn_ = 0;
-    std::uint64_t lineBegin_ = 0;
+    std::size_t passedOn_ = 0;
+    std::size_t lineBegin_ = 0;
     bool isStopped_ = false;
 };
 
