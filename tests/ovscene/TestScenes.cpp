@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 // Writes the scenes of the tests of ovscene into the folder that it is given.
+#include <SylvarPlatform/AttributeFile.h>
+#include <SylvarPlatform/DataAttribute.h>
+#include <SylvarPlatform/DelimiterCodec.h>
+#include <SylvarPlatform/GroupBuilder.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <SylvarPlatform/AttributeFile.h>
-#include <SylvarPlatform/DataAttribute.h>
-#include <SylvarPlatform/DelimiterCodec.h>
-#include <SylvarPlatform/GroupBuilder.h>
 
 namespace {
 

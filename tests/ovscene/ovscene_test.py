@@ -22,6 +22,9 @@ PLUGINS = os.environ.get("OVSCENE_TEST_PLUGINS", "")
 GOLDEN = pathlib.Path(__file__).resolve().parent / "golden"
 HOSTILE = "\\x1B[31mred\\xFF\\x0A\"<&>\\xC2\\x9B\\xE2\\x80\\xAE"
 
+MODEL = pathlib.Path(
+    "/usr/share/assimp/models/glTF2/2CylinderEngine-glTF-Binary/2CylinderEngine.glb")
+
 OBJ = """mtllib box.mtl
 o triangle
 v 0 0 0
@@ -99,6 +102,10 @@ class General(OvsceneCase):
                           ("import", "a", "b", "--max-bytes", "-5"), ("stats", "f", "--other")):
             with self.subTest(arguments):
                 self.assertIn("--help'", self.fails(2, *arguments))
+
+    def test_a_wrong_number_is_told(self):
+        self.assertIn("--depth: '-1' is no number of 0 or more",
+                      self.fails(2, "tree", "f", "--depth", "-1"))
 
     def test_missing_and_unreadable_input(self):
         for arguments in (("tree", "gone"), ("attrs", "gone"), ("stats", "gone"),
@@ -349,6 +356,15 @@ class Convert(OvsceneCase):
         message = self.fails(6, "convert", "small.optree", "no/such/folder/out.optree")
         self.assertIn("no/such/folder/out.optree", message)
 
+    def test_shared_parts_that_expand_without_end_are_refused(self):
+        self.assertIn("more than", self.fails(6, "convert", "shared.optree", "huge.json"))
+        self.assertIn("more than", self.fails(4, "attrs", "shared.optree", "--xml"))
+        self.assertFalse((self.folder / "huge.json").exists())
+
+    def test_a_pipe_is_written_to_and_not_read_again(self):
+        self.assertEqual((self.folder / "small.optree").read_bytes(),
+                         self.run_raw("convert", "small.optree.json", "/dev/stdout").stdout)
+
     def test_a_failure_leaves_what_was_there(self):
         (self.folder / "kept.optree").write_bytes(b"kept")
         self.fails(4, "convert", "kept.optree", "kept.optree")
@@ -370,6 +386,14 @@ class Import(OvsceneCase):
         size = (self.folder / "box.optree").stat().st_size
         self.assertEqual(f"box.optree: {len(locations)} locations, {size} bytes\n", summary)
         self.assertIn("mesh", [location["type"] for location in locations])
+
+    @unittest.skipUnless(MODEL.exists(), f"there is no {MODEL}")
+    def test_a_real_model(self):
+        self.ok("import", str(MODEL), "model.optree")
+        meshes = [line["path"] for line in self.locations("model.optree") if line["type"] == "mesh"]
+        self.assertGreater(len(meshes), 100)
+        self.assertIn("geometry", self.ok("attrs", "model.optree", meshes[-1]))
+        self.assertIn("same hash", self.ok("convert", "model.optree", "model.optree.json"))
 
     def test_both_forms_hold_the_same(self):
         self.ok("import", "box.obj", "box.optree")

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "CommandLine.h"
+#include "Commands/CommandLine.h"
 
 int main(int argc, char** argv) {
     return ovscene::runCommandLine(argc, argv);

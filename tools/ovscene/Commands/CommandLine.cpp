@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Commands/CommandLine.h"
+
+#include <SylvarPlatform/Version.h>
+
+#include "Commands/Commands.h"
+#include "ExitStatus.h"
+#include "Print/Output.h"
+#include "Print/SafeText.h"
+#include "Print/Terminal.h"
+
+#include <csignal>
+#include <cstddef>
+#include <cstdio>
+#include <exception>
+#include <new>
+#include <string>
+
+namespace ovscene {
+namespace {
+
+constexpr char kVersion[] = "ovscene " SYLVAR_PLATFORM_VERSION;
+
+constexpr std::size_t kHelpColumn = 26;
+
+constexpr char kFooter[] =
+    "'ovscene COMMAND --help' tells more about a command.\n\n"
+    "Exit statuses:\n"
+    "  0  success\n"
+    "  1  unexpected failure\n"
+    "  2  wrong usage\n"
+    "  3  an input file is missing or unreadable\n"
+    "  4  an input file is not understood\n"
+    "  5  no such location or attribute\n"
+    "  6  the output cannot be written\n"
+    "  7  a plug-in is missing or cannot be used\n"
+    "  8  an asset cannot be imported\n\n"
+    "Examples:\n"
+    "  ovscene import chair.glb chair.optree\n"
+    "  ovscene tree chair.optree";
+
+int fail(ExitStatus status, const std::string& message) {
+    std::fprintf(stderr, "ovscene: %s\n", safeText(message).c_str());
+    return static_cast<int>(status);
+}
+
+void setWords(CLI::FormatterBase& formatter) {
+    formatter.label("SUBCOMMAND", "COMMAND");
+    formatter.label("Positionals", "Arguments");
+    formatter.label("REQUIRED", "");
+    formatter.label("TEXT", "");
+    formatter.column_width(kHelpColumn);
+}
+
+void addCommands(CLI::App& app, Output& output) {
+    app.name("ovscene");
+    setWords(*app.get_formatter());
+    app.set_help_flag("-h,--help", "Print this help");
+    app.set_version_flag("--version", kVersion, "Print the version");
+    app.require_subcommand(1);
+    app.footer(kFooter);
+    addImportCommand(app, output);
+    addTreeCommand(app, output);
+    addAttrsCommand(app, output);
+    addStatsCommand(app, output);
+    addConvertCommand(app, output);
+    for (CLI::App* command : app.get_subcommands({})) {
+        command->group("Commands");
+    }
+}
+
+int failUsage(const CLI::App& app, const CLI::ParseError& error) {
+    const auto commands = app.get_subcommands();
+    const std::string command = commands.empty() ? "" : " " + commands.back()->get_name();
+    return fail(ExitStatus::Usage,
+                std::string(error.what()) + " (see 'ovscene" + command + " --help')");
+}
+
+void parse(CLI::App& app, int argc, char** argv, Output& output) {
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        output.write(app.help());
+    } catch (const CLI::CallForVersion&) {
+        output.write(std::string(kVersion) + "\n");
+    }
+    output.flush();
+}
+
+void flushBeforeFailing(Output& output) {
+    try {
+        output.flush();
+    } catch (const std::exception&) {  // the failure that is to be told came first
+    }
+}
+
+int run(int argc, char** argv) {
+    Output output;
+    CLI::App app("Imports, shows, counts and converts scenes");
+    try {
+        addCommands(app, output);
+        parse(app, argc, argv, output);
+    } catch (const CLI::ParseError& error) {
+        return failUsage(app, error);
+    } catch (const CommandError& error) {
+        flushBeforeFailing(output);
+        return fail(error.status(), error.what());
+    }
+    return static_cast<int>(ExitStatus::Success);
+}
+
+}  // namespace
+
+int runCommandLine(int argc, char** argv) noexcept {
+    occupyStandardStreams();
+    std::signal(SIGPIPE, SIG_IGN);
+    try {
+        return run(argc, argv);
+    } catch (const OutputClosed&) {
+        return static_cast<int>(ExitStatus::Success);
+    } catch (const std::bad_alloc&) {
+        return fail(ExitStatus::Unexpected, "out of memory");
+    } catch (const std::exception& error) {
+        return fail(ExitStatus::Unexpected, error.what());
+    }
+}
+
+}  // namespace ovscene

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "Print/Output.h"
+
+#include <CLI/CLI.hpp>
+
+/// The commands of the program: each adds itself, with its options, its help and what it does.
+/// What a command does throws a `CommandError` on failure. `output` outlives the application.
+namespace ovscene {
+
+void addImportCommand(CLI::App& app, Output& output);
+void addTreeCommand(CLI::App& app, Output& output);
+void addAttrsCommand(CLI::App& app, Output& output);
+void addStatsCommand(CLI::App& app, Output& output);
+void addConvertCommand(CLI::App& app, Output& output);
+
+}  // namespace ovscene

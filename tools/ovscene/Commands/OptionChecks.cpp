@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Commands/OptionChecks.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <system_error>
+
+namespace ovscene {
+namespace {
+
+template <class Number>
+bool readsAs(const std::string& text, Number& number) {
+    const char* const end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number);
+    return result.ec == std::errc() && result.ptr == end;
+}
+
+std::string checkCount(const std::string& text) {
+    std::int64_t count = -1;
+    return readsAs(text, count) && count >= 0 ? "" : "'" + text + "' is no number of 0 or more";
+}
+
+std::string checkPositive(const std::string& text) {
+    double number = 0;
+    const bool fits = readsAs(text, number) && std::isfinite(number) && number > 0;
+    return fits ? "" : "'" + text + "' is no number above 0";
+}
+
+}  // namespace
+
+CLI::Validator isCount() {
+    return CLI::Validator(checkCount, "count");
+}
+
+CLI::Validator isPositive() {
+    return CLI::Validator(checkPositive, "number");
+}
+
+}  // namespace ovscene

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Print/Output.h"
+
+#include "ExitStatus.h"
+
+#include <cerrno>
+#include <cstddef>
+#include <cstring>
+#include <unistd.h>
+
+namespace ovscene {
+namespace {
+
+constexpr std::size_t kBufferSize = std::size_t{1} << 16;
+
+[[noreturn]] void throwWriteError(int error) {
+    if (error == EPIPE) {
+        throw OutputClosed();
+    }
+    throw CommandError(ExitStatus::OutputUnwritable,
+                       std::string("standard output: ") + std::strerror(error));
+}
+
+}  // namespace
+
+void Output::write(std::string_view text) {
+    buffer_.append(text);
+    flushWhenFull();
+}
+
+void Output::put(char c) {
+    buffer_.push_back(c);
+    flushWhenFull();
+}
+
+void Output::flush() {
+    const std::string bytes = std::move(buffer_);
+    buffer_.clear();
+    for (std::size_t done = 0; done < bytes.size();) {
+        const ssize_t written = ::write(STDOUT_FILENO, bytes.data() + done, bytes.size() - done);
+        if (written >= 0) {
+            done += static_cast<std::size_t>(written);
+        } else if (errno != EINTR) {
+            throwWriteError(errno);
+        }
+    }
+}
+
+void Output::flushWhenFull() {
+    if (buffer_.size() >= kBufferSize) {
+        flush();
+    }
+}
+
+}  // namespace ovscene
