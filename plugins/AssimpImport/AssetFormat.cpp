@@ -21,7 +21,7 @@ const AssetFormat kFormats[] = {
     {"stl", Nesting::Flat, kHorizontal, 0, false, true, false, false},
     {"3ds", Nesting::Chunks, FieldOfView::LensLength, 'z', true, true, true, false},
     {"off", Nesting::Flat, kHorizontal, 0, false, false, false, false},
-    {"x3d", Nesting::Xml, kHorizontal, 0, false, true, true, true},
+    {"x3d", Nesting::Xml, kHorizontal, 0, false, true, false, true},
     {"ifc", Nesting::Step, kHorizontal, 'z', true, true, false, false},
 };
 

@@ -36,8 +36,9 @@ Bracket bracketOf(const Samples& samples, float time) {
     return found;
 }
 
+/// Each end has its own share: their difference may be beyond all numbers when they are not.
 double between(double a, double b, double fraction) {
-    return fraction == 0.0 ? a : a + (b - a) * fraction;
+    return a == b || fraction == 0.0 ? a : a * (1.0 - fraction) + b * fraction;
 }
 
 }  // namespace

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "support/SuiteScope.h"
+
 #include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "support/SuiteScope.h"
 
 namespace ovtest {
 

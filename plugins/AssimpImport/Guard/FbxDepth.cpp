@@ -18,17 +18,17 @@ struct Record {
     std::int64_t firstChild = 0;
 };
 
-std::uint64_t readNumber(std::istream& file, int bytes) {
+std::uint64_t readNumber(std::istream& file, std::int64_t bytes) {
     unsigned char text[8] = {};
     file.read(reinterpret_cast<char*>(text), bytes);
     std::uint64_t value = 0;
-    for (int i = bytes - 1; i >= 0; --i) {
+    for (std::int64_t i = bytes - 1; i >= 0; --i) {
         value = (value << 8) | text[i];
     }
     return value;
 }
 
-Record readRecord(std::istream& file, std::int64_t place, int width) {
+Record readRecord(std::istream& file, std::int64_t place, std::int64_t width) {
     file.seekg(place);
     const std::uint64_t end = readNumber(file, width);
     readNumber(file, width);
@@ -50,7 +50,7 @@ bool isBinaryFbx(std::istream& file) {
 
 std::int64_t binaryFbxDepth(std::istream& file) {
     file.seekg(kVersionPlace);
-    const int width = readNumber(file, 4) >= kWideVersion ? 8 : 4;
+    const std::int64_t width = readNumber(file, 4) >= kWideVersion ? 8 : 4;
     std::vector<std::int64_t> ends;
     std::size_t deepest = 0;
     std::int64_t place = kFirstRecord;

@@ -8,12 +8,9 @@
 
 namespace AssimpImport {
 
-/// The most levels of nesting that are read.
-constexpr std::int64_t kMaxNestingDepth = std::int64_t{1} << 20;
-
 /// How deep the parts of a file can lie inside each other: never less than the depth to which
 /// Assimp recurses when it reads the file. Reads the file once, in constant memory. Throws
-/// `ImportError` beyond `kMaxNestingDepth`.
+/// `ImportError` beyond what any file of its kind needs.
 std::int64_t nestingDepth(const std::string& filename, Nesting nesting);
 
 }  // namespace AssimpImport

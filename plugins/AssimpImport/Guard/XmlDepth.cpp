@@ -50,7 +50,9 @@ XmlDepth::State XmlDepth::afterMark(char c) noexcept {
 
 XmlDepth::State XmlDepth::insideOpen(char c) noexcept {
     if (quote_ != 0) {
-        quote_ = c == quote_ ? 0 : quote_;
+        if (c == quote_) {
+            quote_ = 0;
+        }
         return State::Open;
     }
     if (c == '"' || c == '\'') {

@@ -82,7 +82,7 @@ void addPlain(const AttributeMaker& make, const aiMaterial& material, GroupEntri
         parameters.add("specular_roughness", make.number(*roughness));
     }
     const auto refraction = numberOf(material, {AI_MATKEY_REFRACTI});
-    if (refraction && *refraction >= 1.0F) {
+    if (refraction && *refraction > 1.0F) {
         parameters.add("specular_IOR", make.number(*refraction));
     }
 }

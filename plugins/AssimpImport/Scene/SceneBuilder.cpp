@@ -88,12 +88,18 @@ SuiteHandle SceneBuilder::makeNode(std::size_t place, std::vector<SuiteHandle>& 
         children.add(lens.name, lens.location, lens.type);
     }
     for (std::size_t i = tree.firstChild; i < tree.firstChild + tree.childCount; ++i) {
-        children.add(textOf(nodes_[i].node->mName), std::exchange(made[i], SuiteHandle()));
+        children.add(nameOf(*nodes_[i].node), std::exchange(made[i], SuiteHandle()));
     }
     budget_.spend(1 + lenses_.at(place).size());
-    GroupEntries attributes = locations_.attributes("group", textOf(tree.node->mName));
+    GroupEntries attributes = locations_.attributes("group", nameOf(*tree.node));
     locations_.addXform(attributes, toRows(tree.node->mTransformation));
     return locations_.location(attributes, children);
+}
+
+// Some readers name the root node after the file, wherever that is.
+std::string SceneBuilder::nameOf(const aiNode& node) const {
+    const std::string name = textOf(node.mName);
+    return name == request_.filename ? baseName(name) : name;
 }
 
 void SceneBuilder::addMeshes(const aiNode& node, ChildLocations& children) {
@@ -112,7 +118,7 @@ SuiteHandle SceneBuilder::makeRoot(SuiteHandle rootNode) {
     budget_.spend(materials ? materials_.size() + 2 : 1);
     ChildLocations children;
     children.add("materials", std::move(materials));
-    children.add(textOf(scene_.mRootNode->mName), std::move(rootNode));
+    children.add(nameOf(*scene_.mRootNode), std::move(rootNode));
     GroupEntries attributes = locations_.attributes("group", baseName(request_.filename));
     locations_.addXform(attributes, sceneFrame(scene_, format_, request_.options));
     return locations_.location(attributes, children);

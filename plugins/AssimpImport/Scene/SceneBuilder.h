@@ -35,6 +35,7 @@ private:
     SuiteHandle makeNodes();
     SuiteHandle makeNode(std::size_t place, std::vector<SuiteHandle>& made);
     SuiteHandle makeRoot(SuiteHandle rootNode);
+    std::string nameOf(const aiNode& node) const;
     void addMeshes(const aiNode& node, ChildLocations& children);
 
     const ImportRequest& request_;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/Attribute.h>
-
 #include <SylvarPlatform/DataAttribute.h>
 #include <SylvarPlatform/GroupAttribute.h>
 
@@ -102,7 +101,7 @@ TEST(Attribute, MovesItsReferenceWithoutACall) {
     Attribute assigned;
     assigned = std::move(constructed);
     EXPECT_EQ(handle, assigned.handle());
-    EXPECT_EQ(nullptr, constructed.handle());  // NOLINT(bugprone-use-after-move): null is promised
+    EXPECT_EQ(nullptr, constructed.handle());
     EXPECT_THAT(calls.take(), IsEmpty());
 }
 

@@ -32,7 +32,8 @@ TEST(CastAttribute, DropsTheReferenceOfAHandleOfAnotherKind) {
     OvAttributeStruct* const handle = OvGetAttributeSuite()->createString("text");
     SuiteCalls calls;
     EXPECT_FALSE(castAttribute<GroupAttribute>(handle));
-    EXPECT_THAT(calls.take(), ElementsAre(SuiteCall{"getType", handle}, SuiteCall{"release", handle}));
+    EXPECT_THAT(calls.take(),
+                ElementsAre(SuiteCall{"getType", handle}, SuiteCall{"release", handle}));
 }
 
 TEST(CastAttribute, AsksNothingAboutNull) {
@@ -58,7 +59,7 @@ TEST(CastAttribute, EmptiesAWrapperThatIsMovedIntoIt) {
     OvAttributeStruct* const handle = source.handle();
     const auto cast = castAttribute<StringAttribute>(std::move(source));
     EXPECT_EQ(handle, cast.handle());
-    EXPECT_FALSE(source);  // NOLINT(bugprone-use-after-move): null is promised
+    EXPECT_FALSE(source);
 }
 
 template <class Wanted>

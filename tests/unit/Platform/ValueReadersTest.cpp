@@ -28,12 +28,12 @@ TEST(GetDoubleValue, ReadsTheFirstValueOfTheSampleNearestTimeZero) {
     EXPECT_EQ(1.5, getDoubleValue(DoubleAttribute(1.5), 9.0, false));
     EXPECT_EQ(1.5, getDoubleValue(DoubleAttribute(1.5), 9.0, true));
     EXPECT_EQ(2.0, getDoubleValue(DoubleAttribute(std::vector<double>{2.0, 3.0}), 9.0, true));
-    EXPECT_EQ(4.0,
-              getDoubleValue(
-                  DoubleAttribute(TimedSamples<double>{{-1, {4.0}}, {1, {5.0}}}), 9.0, true));
-    EXPECT_EQ(5.0,
-              getDoubleValue(
-                  DoubleAttribute(TimedSamples<double>{{-2, {4.0}}, {1, {5.0}}}), 9.0, true));
+    EXPECT_EQ(
+        4.0,
+        getDoubleValue(DoubleAttribute(TimedSamples<double>{{-1, {4.0}}, {1, {5.0}}}), 9.0, true));
+    EXPECT_EQ(
+        5.0,
+        getDoubleValue(DoubleAttribute(TimedSamples<double>{{-2, {4.0}}, {1, {5.0}}}), 9.0, true));
 }
 
 TEST(GetDoubleValue, GivesTheDefaultWhenThereIsNoValue) {
@@ -46,8 +46,9 @@ TEST(GetDoubleValue, GivesTheDefaultWhenThereIsNoValue) {
 }
 
 TEST(GetDoubleValue, ThrowsWhenThereIsNoValueAndItIsToldTo) {
-    for (const DoubleAttribute& none :
-         {DoubleAttribute(), DoubleAttribute(std::vector<double>{}), DoubleAttribute(TimedSamples<double>{})}) {
+    for (const DoubleAttribute& none : {DoubleAttribute(),
+                                        DoubleAttribute(std::vector<double>{}),
+                                        DoubleAttribute(TimedSamples<double>{})}) {
         EXPECT_EQ("Error getting double value from DoubleAttribute.",
                   thrownBy([&] { getDoubleValue(none, 9.0, true); }));
     }
@@ -71,10 +72,13 @@ TEST(GetDoubleValue, AsksForIndexZeroAtTimeZero) {
 TEST(GetStringValue, ReadsTheFirstValueOfTheSampleNearestTimeZero) {
     EXPECT_EQ("text", getStringValue(StringAttribute("text"), "other", false));
     EXPECT_EQ("", getStringValue(StringAttribute(""), "other", true));
-    EXPECT_EQ("a", getStringValue(StringAttribute(std::vector<std::string>{"a", "b"}), "other", true));
-    EXPECT_EQ("early",
-              getStringValue(
-                  StringAttribute(TimedSamples<std::string>{{-1, {"early"}}, {1, {"late"}}}), "other", true));
+    EXPECT_EQ("a",
+              getStringValue(StringAttribute(std::vector<std::string>{"a", "b"}), "other", true));
+    EXPECT_EQ(
+        "early",
+        getStringValue(StringAttribute(TimedSamples<std::string>{{-1, {"early"}}, {1, {"late"}}}),
+                       "other",
+                       true));
 }
 
 TEST(GetStringValue, GivesTheDefaultWhenThereIsNoValue) {
@@ -96,10 +100,11 @@ TEST(GetStringValue, ThrowsWhenThereIsNoValueAndItIsToldTo) {
 
 TEST(GetStringValue, GivesTheDefaultForANullPointerAndNeverThrows) {
     OvAttributeSuite suite = *OvGetAttributeSuite();
-    suite.getNearestString = [](OvAttributeStruct* const*, std::int64_t, float, const char** value) {
-        *value = nullptr;
-        return std::uint8_t{1};
-    };
+    suite.getNearestString =
+        [](OvAttributeStruct* const*, std::int64_t, float, const char** value) {
+            *value = nullptr;
+            return std::uint8_t{1};
+        };
     const StringAttribute attribute("text");
     const SuiteScope scope(suite);
     EXPECT_EQ("other", getStringValue(attribute, "other", false));

@@ -57,6 +57,10 @@ private:
 
     void readShapes() {
         const std::uint32_t count = file_.shape_sizes() ? file_.shape_sizes()->size() : 0;
+        // A shape is many times larger than its place in the file, but for the group that has it.
+        if (count > file_.entries()->size()) {
+            throw Malformed{"it holds names that nothing refers to"};
+        }
         shapes_.reserve(count);
         NameList names;
         for (std::uint32_t i = 0; i < count; ++i) {
@@ -73,11 +77,15 @@ private:
     }
 
     void readEntries() {
-        made_.reserve(file_.entries()->size());
-        for (const File::Entry* const entry : *file_.entries()) {
+        const std::uint32_t count = file_.entries()->size();
+        const std::uint8_t* next = file_.entries()->Data();
+        made_.reserve(count);
+        for (std::uint32_t i = 0; i < count; ++i, next += sizeof(File::Entry)) {
+            // A copy: what the verifier accepts may lie at an address that no entry can have.
+            File::Entry entry;
+            std::memcpy(static_cast<void*>(&entry), next, sizeof entry);
             made_.push_back(
-                {entry->kind() == OV_ATTRIBUTE_GROUP ? readGroup(*entry) : readData(*entry),
-                 false});
+                {entry.kind() == OV_ATTRIBUTE_GROUP ? readGroup(entry) : readData(entry), false});
         }
         if (made_.empty()) {
             throw Malformed{"it holds no attribute"};

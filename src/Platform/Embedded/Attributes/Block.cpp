@@ -52,6 +52,7 @@ Owner* Block::newPage(std::size_t bytes) {
     pages_.reserve(pages_.size() < pages_.capacity() ? 0 : pages_.size() * 2 + 4);
     Owner* const page = new (::operator new(bytes)) Owner{{0}, {this}};
     pages_.push_back(page);
+    pageBytes_ += bytes;
     return page;
 }
 

@@ -45,6 +45,9 @@ public:
     /// The page that is being filled, to tell whether two values share one.
     const Owner* currentPage() const { return page_; }
 
+    /// The memory that the pages take so far.
+    std::size_t pageBytes() const { return pageBytes_; }
+
 private:
     ~Block();
 
@@ -56,6 +59,7 @@ private:
     char* free_ = nullptr;
     char* end_ = nullptr;
     std::size_t nextPageBytes_ = 512;
+    std::size_t pageBytes_ = 0;
     std::vector<Owner*> pages_;
     std::vector<const Shape*> heldShapes_;
 };

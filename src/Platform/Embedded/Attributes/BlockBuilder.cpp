@@ -16,6 +16,10 @@ namespace {
 
 constexpr std::size_t kLargestCopy = 64;
 
+/// About what a shape takes, with its places in the tables that find it, and each of its names.
+constexpr std::size_t kShapeBytes = 160;
+constexpr std::size_t kBytesOfName = 16;
+
 DataShape shapeOf(const DataValue& value) {
     DataShape shape{
         value.kind, value.tupleSize, value.sampleCount, value.valueCount, value.times()};
@@ -71,6 +75,8 @@ const Shape& BlockBuilder::addShape(const NameList& names) {
     }
     block_->hold(shape);
     shapes_.insert(shape);
+    shapeBytes_ += kShapeBytes + names.records().size() +
+                   static_cast<std::size_t>(names.size()) * kBytesOfName;
     return *shape;
 }
 

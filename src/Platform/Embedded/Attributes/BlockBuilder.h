@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "Platform/Embedded/Attributes/Block.h"
 #include "Platform/Embedded/Attributes/DataValue.h"
 #include "Platform/Embedded/Attributes/GroupValue.h"
 
@@ -9,7 +10,6 @@
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
-class Block;
 class NameList;
 
 /// Makes many values that live together in one block, from the leaves up. What was made ends with
@@ -39,6 +39,9 @@ public:
     Value* nearby(Value* value);
     void allowCopies(std::size_t bytes) { copyAllowance_ = bytes; }
 
+    /// About how much memory the values and their shapes take so far.
+    std::size_t bytes() const { return block_->pageBytes() + shapeBytes_; }
+
     /// Hands out a value of this builder, with one reference; the block lives on for as long as any
     /// of its values is held. Null stays null. The builder is not to be used any more.
     Value* finish(Value* root);
@@ -46,6 +49,7 @@ public:
 private:
     Block* block_;
     std::unordered_set<const Shape*> shapes_;
+    std::size_t shapeBytes_ = 0;
     std::size_t copyAllowance_ = 0;
 };
 

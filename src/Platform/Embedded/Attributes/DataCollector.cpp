@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Attributes/DataCollector.h"
 
-#include <cstring>
-
 #include "Platform/Embedded/Attributes/BlockBuilder.h"
 #include "Platform/Embedded/Attributes/NumberText.h"
 #include "Platform/Embedded/Attributes/TextEscape.h"
 #include "Platform/Embedded/Attributes/TextRecords.h"
+
+#include <cstring>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

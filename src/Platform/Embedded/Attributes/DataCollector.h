@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "Platform/Embedded/Attributes/DataValue.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "Platform/Embedded/Attributes/DataValue.h"
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
@@ -65,20 +65,20 @@ private:
     void settleSamples();
     void copyValues(DataValue& value) const;
 
-    std::int32_t kind_ = 0;        ///< 0 until it is known.
-    bool isBare_ = false;          ///< Numbers are kept as doubles until the kind is settled ...
-    bool areBareWhole_ = true;     ///< ... no point and no exponent was seen ...
-    bool areBareInts_ = true;      ///< ... and 32 bits hold all of them.
+    std::int32_t kind_ = 0;     ///< 0 until it is known.
+    bool isBare_ = false;       ///< Numbers are kept as doubles until the kind is settled ...
+    bool areBareWhole_ = true;  ///< ... no point and no exponent was seen ...
+    bool areBareInts_ = true;   ///< ... and 32 bits hold all of them.
     bool hasTimes_ = false;
     bool hasSamples_ = false;
     bool isInSample_ = false;
-    std::int64_t tupleSize_ = 0;   ///< 0 until it is known.
+    std::int64_t tupleSize_ = 0;  ///< 0 until it is known.
     std::int64_t sampleCount_ = 0;
-    std::int64_t valueCount_ = 0;  ///< Of one sample.
-    std::int64_t placed_ = 0;      ///< The values of all samples so far ...
+    std::int64_t valueCount_ = 0;    ///< Of one sample.
+    std::int64_t placed_ = 0;        ///< The values of all samples so far ...
     std::int64_t placedBefore_ = 0;  ///< ... and of those in front of the one that is open.
     std::vector<float> times_;
-    std::vector<char> values_;     ///< Numbers, or strings as `TextRecord`s.
+    std::vector<char> values_;  ///< Numbers, or strings as `TextRecord`s.
 };
 
 /// A string attribute of one value, and an int or double of one value.

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Attributes/ExpandedSize.h"
 
+#include "Platform/Embedded/Attributes/GroupValue.h"
+
 #include <unordered_map>
 #include <vector>
-
-#include "Platform/Embedded/Attributes/GroupValue.h"
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstdint>
-
 #include "Platform/Embedded/Attributes/Value.h"
+
+#include <cstdint>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Attributes/GroupStack.h"
 
+#include "Platform/Embedded/Attributes/BlockBuilder.h"
+
 #include <cstring>
 #include <limits>
 #include <stdexcept>
-
-#include "Platform/Embedded/Attributes/BlockBuilder.h"
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
@@ -46,9 +46,10 @@ void GroupStack::add(Value* child) {
 Value* GroupStack::close() {
     Value** const children = children_.data() + (children_.size() - inner_.children);
     gather(children);
+    dropNames();
+    checkAllowance();
     Value* const group = builder_.addGroup(list_, children, inner_.inherits != 0);
     children_.resize(children_.size() - inner_.children);
-    names_.resize(names_.size() - inner_.nameBytes);
     inner_ = outer_.back();
     outer_.pop_back();
     return group;
@@ -60,6 +61,28 @@ void GroupStack::gather(Value** children) {
     std::size_t at = names_.size() - inner_.nameBytes;
     for (std::uint32_t i = 0; i < inner_.children; ++i) {
         children[list_.add(takeName(at))] = children[i];
+    }
+}
+
+/// Gives the memory of very many names back before the group asks for its own.
+void GroupStack::dropNames() {
+    constexpr std::size_t kMany = std::size_t{64} * 1024;
+    names_.resize(names_.size() - inner_.nameBytes);
+    if (inner_.nameBytes > kMany && names_.size() < names_.capacity() / 4) {
+        names_.shrink_to_fit();
+    }
+}
+
+void GroupStack::checkAllowance() const {
+    constexpr std::size_t kBytesOfLevel = 24;  // here and in the parser
+    constexpr std::size_t kBytesOfName = 48;   // in the list and in the shape to be
+    const std::size_t bytes = builder_.bytes() + outer_.capacity() * kBytesOfLevel +
+                              children_.capacity() * sizeof(Value*) + names_.capacity() +
+                              list_.records().size() * 2 +
+                              static_cast<std::size_t>(list_.size()) * kBytesOfName;
+    if (bytes > allowance_) {
+        throw std::length_error(
+            "The groups need too much memory: too many have short names of their own.");
     }
 }
 

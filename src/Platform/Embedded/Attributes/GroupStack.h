@@ -1,24 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "Platform/Embedded/Attributes/NameList.h"
+#include "Platform/Embedded/Attributes/Value.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
 
-#include "Platform/Embedded/Attributes/NameList.h"
-#include "Platform/Embedded/Attributes/Value.h"
-
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
 class BlockBuilder;
 
-/// The groups that a reader is inside of: their names and children so far, all in one place, so that
-/// a level costs few bytes. Belongs to one thread. Throws `std::bad_alloc`, and for over 2 GiB of
-/// names in one group `std::length_error`.
+/// The groups that a reader is inside of: their names and children so far, all in one place, so
+/// that a level costs few bytes. Belongs to one thread. Throws `std::bad_alloc`, and for over 2 GiB
+/// of names in one group `std::length_error`.
 class GroupStack {
 public:
-    explicit GroupStack(BlockBuilder& builder) : builder_(builder) {}
+    GroupStack(BlockBuilder& builder, std::size_t allowance)
+        : builder_(builder), allowance_(allowance) {}
 
     /// Begins a group inside the innermost one, whose next child it will be.
     void open();
@@ -46,8 +47,11 @@ private:
 
     std::string_view takeName(std::size_t& at) const;
     void gather(Value** children);
+    void dropNames();
+    void checkAllowance() const;
 
     BlockBuilder& builder_;
+    const std::size_t allowance_;
     Extent inner_{0, 0, 0};
     std::vector<Extent> outer_;
     std::vector<Value*> children_;

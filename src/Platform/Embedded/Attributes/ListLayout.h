@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "Platform/Embedded/Attributes/TextOutput.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
-
-#include "Platform/Embedded/Attributes/TextOutput.h"
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
@@ -13,6 +13,8 @@ namespace Sylvar3::internal::OvAttribute::Embedded {
 /// tuples are short. Used over and over; keeps its memory. Belongs to one thread.
 class ListLayout {
 public:
+    static constexpr std::size_t kLongestLine = 100;
+
     /// Between two items stand `comma` and a space, or `comma` and a new line at `depth`.
     ListLayout(TextOutput& output, std::string_view comma) : output_(output), comma_(comma) {}
 
@@ -25,7 +27,6 @@ public:
     void end();
 
 private:
-    static constexpr std::size_t kLongestLine = 100;
     static constexpr std::size_t kLongestUnit = 16;
 
     void passOn();

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Attributes/TextBuilder.h"
 
-#include <algorithm>
-
 #include "Platform/Embedded/Attributes/TextEscape.h"
 #include "Platform/Embedded/Attributes/TextForm.h"
+
+#include <algorithm>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
@@ -210,7 +210,8 @@ void TextBuilder::child(std::string_view name) {
 void TextBuilder::typedMember(std::string_view name) {
     const std::int32_t kind = kindOf(name);
     if (kind == 0 && name != kTuple && name != kTimes) {
-        throw TextFault{quoted(name) + " is no known member. The name of a child that begins with "
+        throw TextFault{quoted(name) +
+                        " is no known member. The name of a child that begins with "
                         "\"$\" is written with one \"$\" more."};
     }
     if (form_ == Form::Group) {

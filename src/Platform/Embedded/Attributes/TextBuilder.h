@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <string_view>
-
 #include <SylvarPlatform/AttributeFile.h>
 
 #include "Platform/Embedded/Attributes/BlockBuilder.h"
 #include "Platform/Embedded/Attributes/DataCollector.h"
 #include "Platform/Embedded/Attributes/GroupStack.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
@@ -18,7 +19,8 @@ namespace Sylvar3::internal::OvAttribute::Embedded {
 /// does. Belongs to one thread.
 class TextBuilder {
 public:
-    TextBuilder() : groups_(builder_) {}
+    /// For a text of that size.
+    explicit TextBuilder(std::size_t size) : groups_(builder_, kLeastAllowance + size * 16) {}
 
     void null();
     void boolean(bool value);
@@ -35,6 +37,8 @@ public:
     Value* finish() { return builder_.finish(root_); }
 
 private:
+    static constexpr std::size_t kLeastAllowance = std::size_t{1} << 20;
+
     /// What may come next.
     enum class Next : std::uint8_t {
         Document,

@@ -53,8 +53,8 @@ std::size_t plainCharacter(std::string_view text) {
     }
     const std::size_t span = utf8Span(text);
     const bool isC1 = span == 2 && first == 0xC2 && byteAt(text, 1) < 0xA0;
-    const bool isNone = span == 3 && first == 0xEF && byteAt(text, 1) == 0xBF &&
-                        byteAt(text, 2) >= 0xBE;
+    const bool isNone =
+        span == 3 && first == 0xEF && byteAt(text, 1) == 0xBF && byteAt(text, 2) >= 0xBE;
     return isC1 || isNone ? 0 : span;
 }
 
@@ -141,9 +141,9 @@ std::size_t unescape(char* text, std::size_t length) {
     std::size_t to = from;
     while (from < length) {
         const bool isEscape = text[from] == '\\' && isAt(all.substr(from));
-        text[to++] = isEscape ? static_cast<char>(digitOf(text[from + 2]) * 16 +
-                                                  digitOf(text[from + 3]))
-                              : text[from];
+        text[to++] = isEscape
+                         ? static_cast<char>(digitOf(text[from + 2]) * 16 + digitOf(text[from + 3]))
+                         : text[from];
         from += isEscape ? kLength : 1;
     }
     return to;

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <SylvarPlatform/suites/AttributeSuite.h>
+
 #include <cstddef>
 #include <memory>
 #include <string_view>
-
-#include <SylvarPlatform/suites/AttributeSuite.h>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 

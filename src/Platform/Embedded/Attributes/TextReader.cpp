@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Platform/Embedded/Attributes/FileForms.h"
+#include "Platform/Embedded/Attributes/TextBuilder.h"
+#include "Platform/Embedded/Attributes/TextForm.h"
+
 #include <rapidjson/error/error.h>
 #include <rapidjson/reader.h>
 
@@ -7,10 +11,6 @@
 #include <iterator>
 #include <new>
 #include <stdexcept>
-
-#include "Platform/Embedded/Attributes/FileForms.h"
-#include "Platform/Embedded/Attributes/TextBuilder.h"
-#include "Platform/Embedded/Attributes/TextForm.h"
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
@@ -43,8 +43,6 @@ private:
 
 /// The parser's own allocator goes on after a failure.
 struct Allocator {
-    static constexpr bool kNeedFree = true;
-
     static void* Malloc(std::size_t size) { return Realloc(nullptr, 0, size); }
     static void* Realloc(void* memory, std::size_t /*oldSize*/, std::size_t size) {
         void* const moved = std::realloc(memory, size);
@@ -143,6 +141,17 @@ std::size_t faultOffset(std::string_view text, Events::Kind kind, std::size_t st
     }
 }
 
+/// The offset of what the parser cannot read; a word that is no literal counts from its begin.
+std::size_t syntaxOffset(std::string_view text, const rapidjson::ParseResult& result) {
+    std::size_t offset = result.Offset();
+    const auto isLetter = [](char c) { return c >= 'a' && c <= 'z'; };
+    while (result.Code() == rapidjson::kParseErrorValueInvalid && offset != 0 &&
+           isLetter(text[offset - 1])) {
+        --offset;
+    }
+    return offset;
+}
+
 std::string placed(std::string_view text, std::size_t offset, const std::string& what) {
     const std::string_view before = text.substr(0, offset);
     const std::size_t lineBreak = before.rfind('\n');
@@ -185,10 +194,9 @@ std::string_view withoutMark(std::string_view text) {
 
 /// Reads the text into the builder; what is wrong, or nothing.
 std::string build(std::string_view text, TextBuilder& builder) {
-    constexpr unsigned kFlags = rapidjson::kParseIterativeFlag |
-                                rapidjson::kParseNumbersAsStringsFlag |
-                                rapidjson::kParseValidateEncodingFlag |
-                                rapidjson::kParseCommentsFlag;
+    constexpr unsigned kFlags =
+        rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag |
+        rapidjson::kParseValidateEncodingFlag | rapidjson::kParseCommentsFlag;
     rapidjson::GenericReader<rapidjson::UTF8<>, rapidjson::UTF8<>, Allocator> reader;
     Input input(text);
     Events events(builder);
@@ -197,7 +205,7 @@ std::string build(std::string_view text, TextBuilder& builder) {
         return placed(text, faultOffset(text, events.last(), result.Offset()), events.fault());
     }
     if (result.IsError()) {
-        return placed(text, result.Offset(), kSyntaxFaults[result.Code()]);
+        return placed(text, syntaxOffset(text, result), kSyntaxFaults[result.Code()]);
     }
     return input.Tell() == text.size()
                ? std::string()
@@ -212,7 +220,7 @@ ReadValue readText(std::string_view text) {
         result.error = TextForm::kTooLong;
         return result;
     }
-    TextBuilder builder;
+    TextBuilder builder(text.size());
     result.error = build(withoutMark(text), builder);
     if (result.error.empty()) {
         result.content = builder.content();

@@ -1,8 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <algorithm>
-#include <cmath>
-#include <string>
-
 #include <SylvarPlatform/AttributeFile.h>
 
 #include "Platform/Embedded/Attributes/ExpandedSize.h"
@@ -14,6 +10,10 @@
 #include "Platform/Embedded/Attributes/TextOutput.h"
 #include "Platform/Embedded/Attributes/TextRecords.h"
 #include "Platform/Embedded/Attributes/TreeWalk.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
@@ -112,9 +112,7 @@ public:
         output_.put('}');
     }
 
-    bool isDone() const {
-        return output_.isStopped() || output_.length() > TextForm::kLongestText;
-    }
+    bool isDone() const { return output_.isStopped() || output_.length() > TextForm::kLongestText; }
 
 private:
     void beginValue(const WalkPlace& place) {
@@ -207,12 +205,23 @@ private:
         for (std::uint32_t i = 0; i < data.sampleCount && !isDone(); ++i) {
             if (i != 0) {
                 output_.put(',');
-                output_.newLine(depth_ + 1);
+                separate(data.valueCount);
             }
             writeArray(values, data.valueCount, data.tupleSize, Style::Typed);
             values += data.valueCount;
         }
         output_.put(']');
+    }
+
+    /// Long samples stand on lines of their own.
+    void separate(std::int64_t valueCount) {
+        constexpr std::size_t kUsualWidth = 6;
+        const std::size_t width = static_cast<std::size_t>(valueCount) * kUsualWidth;
+        if (output_.column() + width >= ListLayout::kLongestLine) {
+            output_.newLine(depth_ + 1);
+        } else {
+            output_.put(' ');
+        }
     }
 
     void writeTimes(const DataValue& data) {
@@ -227,9 +236,17 @@ private:
 };
 
 void writeHead(TextOutput& output, AttributeContent content) {
-    output.write("{\n  \"format\": \"sylvar\",\n  \"version\": 1,\n  \"content\": \"");
+    output.put('{');
+    output.newLine(1);
+    output.write("\"format\": \"sylvar\",");
+    output.newLine(1);
+    output.write("\"version\": 1,");
+    output.newLine(1);
+    output.write("\"content\": \"");
     output.write(TextForm::kContents[static_cast<std::size_t>(content)]);
-    output.write("\",\n  \"root\": ");
+    output.write("\",");
+    output.newLine(1);
+    output.write("\"root\": ");
 }
 
 }  // namespace

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "Platform/Embedded/Attributes/DataValue.h"
+#include "Platform/Embedded/Attributes/GroupValue.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <vector>
-
-#include "Platform/Embedded/Attributes/DataValue.h"
-#include "Platform/Embedded/Attributes/GroupValue.h"
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
