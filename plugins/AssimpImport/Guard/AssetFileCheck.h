@@ -7,8 +7,8 @@
 namespace AssimpImport {
 
 /// The format of a file that is worth reading. Throws `ImportError` when its extension is not
-/// taken, it is missing, no plain file, unreadable, empty or too large, or when its header
-/// promises more than it can hold.
+/// taken, when it is missing, no plain file, unreadable, empty or too large, or when its header
+/// would lead a reader astray.
 const AssetFormat& checkAssetFile(const ImportRequest& request);
 
 }  // namespace AssimpImport

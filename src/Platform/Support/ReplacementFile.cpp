@@ -3,6 +3,8 @@
 
 #include <atomic>
 #include <cerrno>
+#include <filesystem>
+#include <utility>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -12,26 +14,42 @@ namespace Sylvar3::internal::Support {
 
 namespace {
 
-std::string nameBeside(const std::string& filename) {
+namespace fs = std::filesystem;
+
+constexpr int kMostLinks = 40;
+
+/// Where a chain of symbolic links leads, whether there is a file yet or not.
+fs::path followed(fs::path path) {
+    std::error_code ignored;
+    for (int i = 0; i < kMostLinks && fs::is_symlink(path, ignored); ++i) {
+        path = path.parent_path() / fs::read_symlink(path, ignored);
+    }
+    return path;
+}
+
+/// A name of its own in the same folder, however long the wanted one is.
+std::string nameBeside(const fs::path& path) {
     static std::atomic<unsigned> serial{0};
-    return filename + ".part-" + std::to_string(getpid()) + "-" + std::to_string(serial++);
+    const std::string name = ".part-" + std::to_string(getpid()) + "-" + std::to_string(serial++);
+    return (path.parent_path() / name).string();
 }
 
 }  // namespace
 
-ReplacementFile::ReplacementFile(const std::string& filename) : filename_(filename) {
+ReplacementFile::ReplacementFile(const std::string& filename)
+    : filename_(followed(filename).string()) {
     struct stat old {};
-    const bool isThere = stat(filename.c_str(), &old) == 0;
+    const bool isThere = stat(filename_.c_str(), &old) == 0;
     if (isThere && !S_ISREG(old.st_mode)) {
-        file_.reset(std::fopen(filename.c_str(), "wb"));
+        file_.reset(std::fopen(filename_.c_str(), "wb"));
         return;
     }
-    temporary_ = nameBeside(filename);
-    const int descriptor = open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    std::string beside = nameBeside(filename_);
+    const int descriptor = open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor < 0) {
-        temporary_.clear();
         return;
     }
+    temporary_ = std::move(beside);
     if (isThere) {
         static_cast<void>(fchmod(descriptor, old.st_mode & 07777));
     }

@@ -83,6 +83,21 @@ TEST(RefusedAsset, AnnouncesMoreThanItCanHold) {
                   "its header announces 3000000000 elements, more than it can hold");
 }
 
+TEST(RefusedAsset, HasAHeaderThatMakesNoSense) {
+    const std::string start = "ply\nformat ascii 1.0\nelement vertex 3\n";
+    expectRefusal(writeFile("endless.ply", start + "property float x\n"), "its header has no end");
+    for (const char* line : {"end_h",
+                             "element vertex",
+                             "element vertex -1",
+                             "property",
+                             "property float",
+                             "property floaty x",
+                             "property list uchar x"}) {
+        expectRefusal(writeFile("astray.ply", start + line + "\nend_header\n0 0 0\n"),
+                      std::string("its header makes no sense at \"") + line + "\"");
+    }
+}
+
 TEST(RefusedAsset, RefersToAPipe) {
     const std::string pipe = OV_TEST_OUTPUT_DIR "/pipe.bin";
     mkfifo(pipe.c_str(), 0600);
