@@ -5,7 +5,7 @@
 #include <cstring>
 #include <fstream>
 
-#include "Guard/HeaderCheck.h"
+#include "Guard/TextCheck.h"
 #include "ImportError.h"
 #include <sys/stat.h>
 
@@ -57,7 +57,7 @@ const AssetFormat& checkAssetFile(const ImportRequest& request) {
     const std::int64_t size = plainFileSize(request.filename);
     checkSize(size, request.options.maxFileBytes);
     checkReadable(request.filename);
-    checkHeader(request.filename, format, size);
+    checkText(request.filename, format, size);
     return format;
 }
 

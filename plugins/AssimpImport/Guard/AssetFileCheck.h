@@ -7,8 +7,8 @@
 namespace AssimpImport {
 
 /// The format of a file that is worth reading. Throws `ImportError` when its extension is not
-/// taken, when it is missing, no plain file, unreadable, empty or too large, or when its header
-/// would lead a reader astray.
+/// taken, when it is missing, no plain file, unreadable, empty or too large, or when what it
+/// announces would lead a reader astray.
 const AssetFormat& checkAssetFile(const ImportRequest& request);
 
 }  // namespace AssimpImport

@@ -98,6 +98,17 @@ TEST(RefusedAsset, HasAHeaderThatMakesNoSense) {
     }
 }
 
+TEST(RefusedAsset, HasMoreLinesThanItAnnounces) {
+    expectRefusal(writeFile("long.off", "OFF\n3 1\n0 0 0\n1 0 0\n0 1 0\n0\n0\n0\n"),
+                  "it has more lines than its header announces");
+}
+
+TEST(AcceptedAsset, MayHaveCommentsAndBlankLines) {
+    const Import import = importFile(writeFile(
+        "airy.off", "# one\n\nOFF # two\n\n3 1 0\r\n\r\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n\n"));
+    EXPECT_EQ("", import.message);
+}
+
 TEST(RefusedAsset, RefersToAPipe) {
     const std::string pipe = OV_TEST_OUTPUT_DIR "/pipe.bin";
     mkfifo(pipe.c_str(), 0600);

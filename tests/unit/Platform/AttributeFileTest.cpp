@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -19,6 +20,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace {
@@ -156,6 +158,38 @@ TEST_F(AttributeFile, StaysAsItWasWhenTheWritingFails) {
     put("a", "old");
     EXPECT_EQ("Cannot write \"" + path("a") + "\": The null attribute cannot be written.",
               write("a", Attribute()));
+    EXPECT_EQ("old", get("a"));
+    EXPECT_EQ(1U, countOfFiles());
+}
+
+/// For as long as it lives no file may grow beyond a few bytes.
+class NoRoom {
+public:
+    NoRoom() : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit small{1000, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~NoRoom() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    NoRoom(const NoRoom&) = delete;
+    NoRoom& operator=(const NoRoom&) = delete;
+
+private:
+    void (*handler_)(int);
+    rlimit before_{};
+};
+
+TEST_F(AttributeFile, StaysAsItWasWhenThereIsNoRoomForTheNewOne) {
+    put("a", "old");
+    const DoubleAttribute large(std::vector<double>(100000, 1.0));
+    const std::string error = [&] {
+        const NoRoom noRoom;
+        return write("a", large);
+    }();
+    EXPECT_EQ("Cannot write \"" + path("a") + "\": File too large.", error);
     EXPECT_EQ("old", get("a"));
     EXPECT_EQ(1U, countOfFiles());
 }
