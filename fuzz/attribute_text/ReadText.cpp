@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reads a text; what can be read must be the same after it was written and read again.
-#include "Platform/Embedded/Attributes/ContentHash.h"
-#include "Platform/Embedded/Attributes/FileForms.h"
-#include "Platform/Embedded/Attributes/Lifetime.h"
+#include "Platform/Embedded/Attributes/Forms/FileForms.h"
+#include "Platform/Embedded/Attributes/Values/ContentHash.h"
+#include "Platform/Embedded/Attributes/Values/Lifetime.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // Reads an XML; what can be read must be the same after it was written and read again.
-#include "Platform/Embedded/Attributes/ContentHash.h"
-#include "Platform/Embedded/Attributes/Lifetime.h"
-#include "Platform/Embedded/Attributes/XmlReader.h"
-#include "Platform/Embedded/Attributes/XmlWriter.h"
+#include "Platform/Embedded/Attributes/Forms/Xml/XmlReader.h"
+#include "Platform/Embedded/Attributes/Forms/Xml/XmlWriter.h"
+#include "Platform/Embedded/Attributes/Values/ContentHash.h"
+#include "Platform/Embedded/Attributes/Values/Lifetime.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -34,11 +34,11 @@ public:
     }
 
     /// Takes over the caller's reference.
-    static Attribute adopt(OvAttributeStruct* owned) noexcept { return Attribute(owned); }
+    static Attribute adopt(OvAttributeStruct* owned) noexcept { return {Owned{}, owned}; }
 
     /// Adds a reference of its own.
     static Attribute share(OvAttributeStruct* borrowed) noexcept {
-        return Attribute(retained(borrowed));
+        return {Owned{}, retained(borrowed)};
     }
 
     /// Hands the reference over to the caller; this is null afterwards.
@@ -74,7 +74,10 @@ public:
     static const OvAttributeSuite* _attrSuite;
 
 protected:
-    explicit Attribute(OvAttributeStruct* owned) noexcept : handle_(owned) {}
+    /// Tells a handle that is taken over from a number 0.
+    struct Owned {};
+
+    Attribute(Owned /*tag*/, OvAttributeStruct* owned) noexcept : handle_(owned) {}
 
     static OvAttributeStruct* retained(OvAttributeStruct* borrowed) noexcept {
         if (borrowed) {

@@ -61,13 +61,15 @@ public:
     /// values." when they do.
     explicit IntAttribute(const TimedSamples<value_type>& samples, long tupleSize = 1);
 
-    static IntAttribute adopt(OvAttributeStruct* owned) { return IntAttribute(owned); }
+    static IntAttribute adopt(OvAttributeStruct* owned) noexcept {
+        return IntAttribute(Owned{}, owned);
+    }
 
     /// The value at `index` of the sample nearest `time`, or `otherwise`.
     value_type getValue(value_type otherwise, std::int64_t index = 0, float time = 0.0F) const;
 
 private:
-    explicit IntAttribute(OvAttributeStruct* owned) noexcept : DataAttribute(owned) {}
+    IntAttribute(Owned tag, OvAttributeStruct* owned) noexcept : DataAttribute(tag, owned) {}
 };
 
 /// 32-bit floats. Its members are as those of `IntAttribute`.
@@ -82,12 +84,14 @@ public:
     FloatAttribute(const value_type* values, std::int64_t count, long tupleSize);
     explicit FloatAttribute(const TimedSamples<value_type>& samples, long tupleSize = 1);
 
-    static FloatAttribute adopt(OvAttributeStruct* owned) { return FloatAttribute(owned); }
+    static FloatAttribute adopt(OvAttributeStruct* owned) noexcept {
+        return FloatAttribute(Owned{}, owned);
+    }
 
     value_type getValue(value_type otherwise, std::int64_t index = 0, float time = 0.0F) const;
 
 private:
-    explicit FloatAttribute(OvAttributeStruct* owned) noexcept : DataAttribute(owned) {}
+    FloatAttribute(Owned tag, OvAttributeStruct* owned) noexcept : DataAttribute(tag, owned) {}
 };
 
 /// 64-bit floats. Its members are as those of `IntAttribute`.
@@ -102,7 +106,9 @@ public:
     DoubleAttribute(const value_type* values, std::int64_t count, long tupleSize);
     explicit DoubleAttribute(const TimedSamples<value_type>& samples, long tupleSize = 1);
 
-    static DoubleAttribute adopt(OvAttributeStruct* owned) { return DoubleAttribute(owned); }
+    static DoubleAttribute adopt(OvAttributeStruct* owned) noexcept {
+        return DoubleAttribute(Owned{}, owned);
+    }
 
     value_type getValue(value_type otherwise, std::int64_t index = 0, float time = 0.0F) const;
 
@@ -116,7 +122,7 @@ public:
                           bool reserved) const;
 
 private:
-    explicit DoubleAttribute(OvAttributeStruct* owned) noexcept : DataAttribute(owned) {}
+    DoubleAttribute(Owned tag, OvAttributeStruct* owned) noexcept : DataAttribute(tag, owned) {}
 };
 
 /// Strings. A value ends at its first NUL.
@@ -131,14 +137,16 @@ public:
     explicit StringAttribute(const std::vector<std::string>& values, long tupleSize = 1);
     explicit StringAttribute(const TimedSamples<std::string>& samples, long tupleSize = 1);
 
-    static StringAttribute adopt(OvAttributeStruct* owned) { return StringAttribute(owned); }
+    static StringAttribute adopt(OvAttributeStruct* owned) noexcept {
+        return StringAttribute(Owned{}, owned);
+    }
 
     std::string getValue(const std::string& otherwise,
                          std::int64_t index = 0,
                          float time = 0.0F) const;
 
 private:
-    explicit StringAttribute(OvAttributeStruct* owned) noexcept : DataAttribute(owned) {}
+    StringAttribute(Owned tag, OvAttributeStruct* owned) noexcept : DataAttribute(tag, owned) {}
 };
 
 /// The value at index 0 of the sample nearest time 0. Without one: `otherwise`, or with

@@ -24,7 +24,9 @@ public:
     /// earlier one in its place.
     GroupAttribute(const std::vector<Child>& children, bool groupInherit);
 
-    static GroupAttribute adopt(OvAttributeStruct* owned) { return GroupAttribute(owned); }
+    static GroupAttribute adopt(OvAttributeStruct* owned) noexcept {
+        return GroupAttribute(Owned{}, owned);
+    }
 
     std::int64_t getNumberOfChildren() const {
         return isValid() ? _attrSuite->getNumberOfChildren(handle()) : 0;
@@ -61,7 +63,7 @@ public:
     void fillChildVector(std::vector<Child>* children) const;
 
 private:
-    explicit GroupAttribute(OvAttributeStruct* owned) noexcept : Attribute(owned) {}
+    GroupAttribute(Owned tag, OvAttributeStruct* owned) noexcept : Attribute(tag, owned) {}
     static Attribute adoptAny(OvAttributeStruct* owned) noexcept { return Attribute::adopt(owned); }
 };
 

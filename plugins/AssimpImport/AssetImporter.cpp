@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <cstdio>
-#include <exception>
-#include <new>
+#include <SylvarPlatform/suites/AssetImporter.h>
 
 #include "AssetFormat.h"
 #include "ImportError.h"
 #include "ImportRequest.h"
 #include "Scene/SceneImport.h"
-#include <SylvarPlatform/suites/AssetImporter.h>
+
+#include <cstdio>
+#include <exception>
+#include <new>
 
 namespace AssimpImport {
 namespace {

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "AssetScene.h"
 
-#include <set>
-
 #include "Guard/AssetFiles.h"
 #include "ImportError.h"
+
 #include <assimp/BaseImporter.h>
 #include <assimp/ProgressHandler.hpp>
 #include <assimp/config.h>
+
+#include <set>
 
 namespace AssimpImport {
 namespace {

@@ -4,6 +4,7 @@
 #include "AssetFormat.h"
 #include "ImportProgress.h"
 #include "ImportRequest.h"
+
 #include <assimp/Importer.hpp>
 #include <assimp/scene.h>
 

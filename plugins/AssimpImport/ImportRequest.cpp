@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ImportRequest.h"
 
-#include <cmath>
-
 #include "ImportError.h"
+
+#include <cmath>
 
 namespace AssimpImport {
 

@@ -67,13 +67,14 @@ std::vector<const char*> pointersTo(const std::vector<std::string>& values) {
 
 const float DataAttribute::kZero = 0.0F;
 
-IntAttribute::IntAttribute(value_type value) : IntAttribute(_attrSuite->createInt(value)) {}
+IntAttribute::IntAttribute(value_type value)
+    : IntAttribute(Owned{}, _attrSuite->createInt(value)) {}
 IntAttribute::IntAttribute(const std::vector<value_type>& values, long tupleSize)
     : IntAttribute(values.data(), countOf(values), tupleSize) {}
 IntAttribute::IntAttribute(const value_type* values, std::int64_t count, long tupleSize)
-    : IntAttribute(create(_attrSuite->createIntFromSamples, values, count, tupleSize)) {}
+    : IntAttribute(Owned{}, create(_attrSuite->createIntFromSamples, values, count, tupleSize)) {}
 IntAttribute::IntAttribute(const TimedSamples<value_type>& samples, long tupleSize)
-    : IntAttribute(create(_attrSuite->createIntFromSamples, samples, tupleSize)) {}
+    : IntAttribute(Owned{}, create(_attrSuite->createIntFromSamples, samples, tupleSize)) {}
 
 IntAttribute::value_type IntAttribute::getValue(value_type otherwise,
                                                 std::int64_t index,
@@ -83,13 +84,15 @@ IntAttribute::value_type IntAttribute::getValue(value_type otherwise,
     return otherwise;
 }
 
-FloatAttribute::FloatAttribute(value_type value) : FloatAttribute(_attrSuite->createFloat(value)) {}
+FloatAttribute::FloatAttribute(value_type value)
+    : FloatAttribute(Owned{}, _attrSuite->createFloat(value)) {}
 FloatAttribute::FloatAttribute(const std::vector<value_type>& values, long tupleSize)
     : FloatAttribute(values.data(), countOf(values), tupleSize) {}
 FloatAttribute::FloatAttribute(const value_type* values, std::int64_t count, long tupleSize)
-    : FloatAttribute(create(_attrSuite->createFloatFromSamples, values, count, tupleSize)) {}
+    : FloatAttribute(Owned{},
+                     create(_attrSuite->createFloatFromSamples, values, count, tupleSize)) {}
 FloatAttribute::FloatAttribute(const TimedSamples<value_type>& samples, long tupleSize)
-    : FloatAttribute(create(_attrSuite->createFloatFromSamples, samples, tupleSize)) {}
+    : FloatAttribute(Owned{}, create(_attrSuite->createFloatFromSamples, samples, tupleSize)) {}
 
 FloatAttribute::value_type FloatAttribute::getValue(value_type otherwise,
                                                     std::int64_t index,
@@ -100,13 +103,14 @@ FloatAttribute::value_type FloatAttribute::getValue(value_type otherwise,
 }
 
 DoubleAttribute::DoubleAttribute(value_type value)
-    : DoubleAttribute(_attrSuite->createDouble(value)) {}
+    : DoubleAttribute(Owned{}, _attrSuite->createDouble(value)) {}
 DoubleAttribute::DoubleAttribute(const std::vector<value_type>& values, long tupleSize)
     : DoubleAttribute(values.data(), countOf(values), tupleSize) {}
 DoubleAttribute::DoubleAttribute(const value_type* values, std::int64_t count, long tupleSize)
-    : DoubleAttribute(create(_attrSuite->createDoubleFromSamples, values, count, tupleSize)) {}
+    : DoubleAttribute(Owned{},
+                      create(_attrSuite->createDoubleFromSamples, values, count, tupleSize)) {}
 DoubleAttribute::DoubleAttribute(const TimedSamples<value_type>& samples, long tupleSize)
-    : DoubleAttribute(create(_attrSuite->createDoubleFromSamples, samples, tupleSize)) {}
+    : DoubleAttribute(Owned{}, create(_attrSuite->createDoubleFromSamples, samples, tupleSize)) {}
 
 DoubleAttribute::value_type DoubleAttribute::getValue(value_type otherwise,
                                                       std::int64_t index,
@@ -117,10 +121,11 @@ DoubleAttribute::value_type DoubleAttribute::getValue(value_type otherwise,
 }
 
 StringAttribute::StringAttribute(const char* value)
-    : StringAttribute(_attrSuite->createString(value)) {}
+    : StringAttribute(Owned{}, _attrSuite->createString(value)) {}
 StringAttribute::StringAttribute(const std::string& value) : StringAttribute(value.c_str()) {}
 StringAttribute::StringAttribute(const std::vector<std::string>& values, long tupleSize)
     : StringAttribute(
+          Owned{},
           _attrSuite->createStringArray(values.empty() ? nullptr : pointersTo(values).data(),
                                         countOf(values),
                                         tupleSize)) {}

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/SampleAccessor.h>
 
+#include <cmath>
+
 namespace Sylvar3::internal::OvAttribute {
 
 namespace {
@@ -32,7 +34,8 @@ Bracket bracketOf(const Samples& samples, float time) {
     }
     const double begin = samples.getSampleTime(found.before);
     const double end = samples.getSampleTime(found.after);
-    found.fraction = end > begin ? (double{time} - begin) / (end - begin) : 0.0;
+    found.fraction =
+        end > begin && std::isfinite(end - begin) ? (time - begin) / (end - begin) : 0.0;
     return found;
 }
 

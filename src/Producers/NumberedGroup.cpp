@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Producers/NumberedGroup.h"
 
+#include <SylvarPlatform/GroupBuilder.h>
+
 #include <cstdio>
 #include <memory>
-
-#include <SylvarPlatform/GroupBuilder.h>
 
 namespace SYLVAR {
 namespace {

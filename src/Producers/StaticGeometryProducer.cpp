@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Producers/StaticGeometryProducer.h"
 
+#include <SylvarPlatform/DelimiterCodec.h>
+
 #include "Producers/PathParts.h"
 
 #include <algorithm>
@@ -8,8 +10,6 @@
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include <SylvarPlatform/DelimiterCodec.h>
 
 namespace SYLVAR {
 namespace {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <OvSylvarProducers/StaticGeometryProducer.h>
+#include <SylvarPlatform/GroupBuilder.h>
 
 #include <deque>
 #include <optional>
@@ -9,8 +10,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <SylvarPlatform/GroupBuilder.h>
 
 namespace ovtest {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "Attributes/SuiteHandle.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
-
-#include "Attributes/SuiteHandle.h"
 
 namespace AssimpImport {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <utility>
-
 #include <SylvarPlatform/suites/AttributeSuite.h>
+
+#include <utility>
 
 namespace AssimpImport {
 

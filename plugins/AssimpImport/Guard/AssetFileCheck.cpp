@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Guard/AssetFileCheck.h"
 
+#include "Guard/TextCheck.h"
+#include "ImportError.h"
+
 #include <cerrno>
 #include <cstring>
 #include <fstream>
 
-#include "Guard/TextCheck.h"
-#include "ImportError.h"
 #include <sys/stat.h>
 
 namespace AssimpImport {

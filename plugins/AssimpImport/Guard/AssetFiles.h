@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstdint>
-
 #include <assimp/DefaultIOSystem.h>
+
+#include <cstdint>
 
 namespace AssimpImport {
 

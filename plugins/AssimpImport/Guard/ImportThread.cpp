@@ -2,6 +2,7 @@
 #include "Guard/ImportThread.h"
 
 #include "ImportError.h"
+
 #include <pthread.h>
 
 namespace AssimpImport {

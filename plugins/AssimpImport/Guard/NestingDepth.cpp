@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Guard/NestingDepth.h"
 
-#include <algorithm>
-#include <fstream>
-#include <limits>
-#include <vector>
-
 #include "Guard/BracketDepth.h"
 #include "Guard/FbxDepth.h"
 #include "Guard/JsonDepth.h"
 #include "Guard/XmlDepth.h"
 #include "ImportError.h"
+
+#include <algorithm>
+#include <fstream>
+#include <limits>
+#include <vector>
 
 namespace AssimpImport {
 namespace {

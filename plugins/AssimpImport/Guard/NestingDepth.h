@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "AssetFormat.h"
+
 #include <cstdint>
 #include <string>
-
-#include "AssetFormat.h"
 
 namespace AssimpImport {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Guard/OffText.h"
 
-#include <algorithm>
-#include <sstream>
-
 #include "Guard/TextLines.h"
 #include "ImportError.h"
+
+#include <algorithm>
+#include <sstream>
 
 namespace AssimpImport {
 namespace {

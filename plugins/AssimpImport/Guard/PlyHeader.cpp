@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Guard/PlyHeader.h"
 
+#include "Guard/TextLines.h"
+#include "ImportError.h"
+
 #include <algorithm>
 #include <iterator>
 #include <sstream>
-
-#include "Guard/TextLines.h"
-#include "ImportError.h"
 
 namespace AssimpImport {
 namespace {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Guard/TextCheck.h"
 
-#include <algorithm>
-#include <fstream>
-
 #include "Guard/OffText.h"
 #include "Guard/PlyHeader.h"
+
+#include <algorithm>
+#include <fstream>
 
 namespace AssimpImport {
 namespace {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Guard/TextLines.h"
 
+#include "ImportError.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
 #include <sstream>
-
-#include "ImportError.h"
 
 namespace AssimpImport {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Material/ImageNode.h"
 
-#include <algorithm>
-
 #include "Scene/LocationMaker.h"
+
+#include <algorithm>
 
 namespace AssimpImport {
 namespace {

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "Material/ShadingNode.h"
+
+#include <assimp/scene.h>
+
 #include <optional>
 #include <string>
-
-#include "Material/ShadingNode.h"
-#include <assimp/scene.h>
 
 namespace AssimpImport {
 

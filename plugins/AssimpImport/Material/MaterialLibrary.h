@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <vector>
-
 #include "Scene/LocationMaker.h"
+
 #include <assimp/scene.h>
+
+#include <vector>
 
 namespace AssimpImport {
 

@@ -3,6 +3,7 @@
 
 #include "AssetFormat.h"
 #include "Material/ImageNode.h"
+
 #include <assimp/material.h>
 
 namespace AssimpImport {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string>
-
 #include "Attributes/AttributeMaker.h"
+
+#include <string>
 
 namespace AssimpImport {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Material/SurfaceParameters.h"
 
+#include <assimp/GltfMaterial.h>
+
 #include <algorithm>
 #include <cmath>
 #include <optional>
-
-#include <assimp/GltfMaterial.h>
 
 namespace AssimpImport {
 namespace {

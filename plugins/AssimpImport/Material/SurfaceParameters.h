@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Attributes/AttributeMaker.h"
+
 #include <assimp/material.h>
 
 namespace AssimpImport {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "AssetFormat.h"
+
 #include <assimp/camera.h>
 
 namespace AssimpImport {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Scene/CameraLocation.h"
 
-#include <cmath>
-
 #include "Scene/CameraLens.h"
+
+#include <cmath>
 
 namespace AssimpImport {
 namespace {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Scene/LocationBudget.h"
 
-#include <string>
-
 #include "ImportError.h"
+
+#include <string>
 
 namespace AssimpImport {
 

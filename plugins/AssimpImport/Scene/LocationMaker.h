@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 #include "Attributes/AttributeMaker.h"
 #include "Scene/LocationNames.h"
 #include "Scene/Matrix.h"
+
 #include <assimp/types.h>
+
+#include <cstdint>
+#include <string>
 
 namespace AssimpImport {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Scene/Matrix.h"
 
+#include <assimp/matrix4x4.inl>
+
 #include <algorithm>
 #include <cmath>
-
-#include <assimp/matrix4x4.inl>
 
 namespace AssimpImport {
 namespace {

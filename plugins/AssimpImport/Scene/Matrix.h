@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <array>
-
 #include <assimp/matrix4x4.h>
 #include <assimp/vector3.h>
+
+#include <array>
 
 namespace AssimpImport {
 

@@ -3,6 +3,7 @@
 
 #include "AssetFormat.h"
 #include "Scene/LocationMaker.h"
+
 #include <assimp/mesh.h>
 
 namespace AssimpImport {

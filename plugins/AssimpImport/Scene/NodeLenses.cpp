@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Scene/NodeLenses.h"
 
-#include <algorithm>
-
 #include "Scene/CameraLocation.h"
 #include "Scene/LightLocation.h"
+
+#include <algorithm>
 
 namespace AssimpImport {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string>
-#include <unordered_map>
-#include <vector>
-
 #include "AssetFormat.h"
 #include "Scene/LocationMaker.h"
 #include "Scene/NodeTree.h"
+
+#include <string>
+#include <unordered_map>
+#include <vector>
 
 namespace AssimpImport {
 

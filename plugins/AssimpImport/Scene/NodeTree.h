@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <assimp/scene.h>
+
 #include <cstdint>
 #include <vector>
-
-#include <assimp/scene.h>
 
 namespace AssimpImport {
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <assimp/mesh.h>
+
 #include <array>
 #include <cstdint>
 #include <vector>
-
-#include <assimp/mesh.h>
 
 namespace AssimpImport {
 

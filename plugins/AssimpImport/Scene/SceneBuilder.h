@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <vector>
-
 #include "AssetFormat.h"
 #include "ImportProgress.h"
 #include "ImportRequest.h"
@@ -11,7 +9,10 @@
 #include "Scene/LocationMaker.h"
 #include "Scene/NodeLenses.h"
 #include "Scene/NodeTree.h"
+
 #include <assimp/scene.h>
+
+#include <vector>
 
 namespace AssimpImport {
 

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <SylvarPlatform/suites/AssetImporter.h>
+
 #include "AssetFormat.h"
 #include "Scene/Matrix.h"
-#include <SylvarPlatform/suites/AssetImporter.h>
+
 #include <assimp/scene.h>
 
 namespace AssimpImport {

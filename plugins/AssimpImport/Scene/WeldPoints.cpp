@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Scene/PolygonMesh.h"
+
 #include <string_view>
 #include <unordered_map>
-
-#include "Scene/PolygonMesh.h"
 
 namespace AssimpImport {
 namespace {

@@ -3,10 +3,10 @@
 
 #include <atomic>
 #include <cerrno>
-#include <filesystem>
-#include <utility>
 #include <fcntl.h>
+#include <filesystem>
 #include <unistd.h>
+#include <utility>
 
 #include <sys/stat.h>
 
@@ -36,14 +36,14 @@ std::string nameBeside(const fs::path& path) {
 
 }  // namespace
 
-ReplacementFile::ReplacementFile(const std::string& filename)
-    : filename_(followed(filename).string()) {
+ReplacementFile::ReplacementFile(const std::string& filename) {
     struct stat old {};
-    const bool isThere = stat(filename_.c_str(), &old) == 0;
+    const bool isThere = stat(filename.c_str(), &old) == 0;
     if (isThere && !S_ISREG(old.st_mode)) {
-        file_.reset(std::fopen(filename_.c_str(), "wb"));
+        file_.reset(std::fopen(filename.c_str(), "wb"));
         return;
     }
+    filename_ = followed(filename).string();
     std::string beside = nameBeside(filename_);
     const int descriptor = open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor < 0) {

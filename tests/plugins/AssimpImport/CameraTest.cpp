@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "plugins/AssimpImport/Importing.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
-
-#include "plugins/AssimpImport/Importing.h"
 
 using namespace importing;
 

@@ -2,10 +2,9 @@
 #include "plugins/AssimpImport/Importing.h"
 
 #include <cstdlib>
+#include <dlfcn.h>
 #include <fstream>
 #include <iostream>
-
-#include <dlfcn.h>
 
 namespace importing {
 namespace {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include <SylvarPlatform/DataAttribute.h>
 #include <SylvarPlatform/GroupAttribute.h>
 #include <SylvarPlatform/suites/AssetImporter.h>
+
+#include <string>
+#include <vector>
 
 /// Imports assets through the plug-in as a host does: loaded at run time, spoken to in C.
 namespace importing {

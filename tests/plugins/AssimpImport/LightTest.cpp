@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <gtest/gtest.h>
-
 #include "plugins/AssimpImport/Importing.h"
+
+#include <gtest/gtest.h>
 
 using namespace importing;
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "plugins/AssimpImport/Importing.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "plugins/AssimpImport/Importing.h"
 
 using namespace importing;
 

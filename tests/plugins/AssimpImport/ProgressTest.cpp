@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "plugins/AssimpImport/Importing.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <thread>
-
-#include "plugins/AssimpImport/Importing.h"
 
 using namespace importing;
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "plugins/AssimpImport/Importing.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "plugins/AssimpImport/Importing.h"
-#include <sys/stat.h>
 #include <unistd.h>
+
+#include <sys/stat.h>
 
 using namespace importing;
 

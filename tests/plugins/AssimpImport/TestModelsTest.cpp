@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <SylvarPlatform/AttributeFile.h>
+
+#include "plugins/AssimpImport/Importing.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -6,9 +10,6 @@
 #include <cmath>
 #include <filesystem>
 #include <set>
-
-#include "plugins/AssimpImport/Importing.h"
-#include <SylvarPlatform/AttributeFile.h>
 
 using namespace importing;
 

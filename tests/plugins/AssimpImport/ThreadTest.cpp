@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "plugins/AssimpImport/Importing.h"
+
 #include <gtest/gtest.h>
 
 #include <thread>
-
-#include "plugins/AssimpImport/Importing.h"
 
 using namespace importing;
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Platform/Embedded/Attributes/AttributeFile_generated.h"
+#include "Platform/Embedded/Attributes/Forms/Binary/AttributeFile_generated.h"
 
 #include <flatbuffers/flatbuffers.h>
 
@@ -29,12 +29,14 @@ struct BinaryFileParts {
     std::vector<std::uint32_t> stringLengths;
     std::string stringText;
 
-    void addShape(const std::vector<std::string>& names) {
+    /// The index by which a group has these names.
+    std::uint32_t addShape(const std::vector<std::string>& names) {
         shapeSizes.push_back(static_cast<std::uint32_t>(names.size()));
         for (const std::string& name : names) {
             nameLengths.push_back(static_cast<std::uint32_t>(name.size()));
             nameText += name;
         }
+        return static_cast<std::uint32_t>(shapeSizes.size() - 1);
     }
 
     void addGroup(std::uint32_t shape, const std::vector<std::uint32_t>& itsChildren) {

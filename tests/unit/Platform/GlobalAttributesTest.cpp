@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <SylvarPlatform/DataAttribute.h>
+#include <SylvarPlatform/GlobalAttributes.h>
+#include <SylvarPlatform/GroupAttribute.h>
+
 #include "support/Threads.h"
 
 #include <gtest/gtest.h>
@@ -6,10 +10,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <SylvarPlatform/DataAttribute.h>
-#include <SylvarPlatform/GlobalAttributes.h>
-#include <SylvarPlatform/GroupAttribute.h>
 
 using namespace Sylvar3::internal::OvAttribute;
 using namespace Sylvar3::internal::OvSylvarServices;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Attributes/NameList.h"
+#include "Platform/Embedded/Attributes/Values/NameList.h"
 
-#include "Platform/Embedded/Attributes/NameIndex.h"
+#include "Platform/Embedded/Attributes/Values/NameIndex.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Attributes/NumberText.h"
+#include "Platform/Embedded/Attributes/Forms/NumberText.h"
 
 #include "support/RandomAttribute.h"
 

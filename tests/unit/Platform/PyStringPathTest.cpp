@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <SylvarPlatform/PyString.h>
+
 #include "support/Threads.h"
 
 #include <gtest/gtest.h>
@@ -6,8 +8,6 @@
 #include <cstdlib>
 #include <map>
 #include <optional>
-
-#include <SylvarPlatform/PyString.h>
 
 using namespace Sylvar3::internal::pystring_v1;
 using os::path::expanduser;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <SylvarPlatform/PyString.h>
+
 #include <gtest/gtest.h>
 
 #include <limits>
-
-#include <SylvarPlatform/PyString.h>
 
 using namespace Sylvar3::internal;
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Attributes/Shape.h"
+#include "Platform/Embedded/Attributes/Values/Shape.h"
 
 #include <SylvarPlatform/DataAttribute.h>
 #include <SylvarPlatform/GroupAttribute.h>
 
-#include "Platform/Embedded/Attributes/GroupValue.h"
-#include "Platform/Embedded/Attributes/NameList.h"
-#include "Platform/Embedded/Attributes/ShapeTable.h"
+#include "Platform/Embedded/Attributes/Values/GroupValue.h"
+#include "Platform/Embedded/Attributes/Values/NameList.h"
+#include "Platform/Embedded/Attributes/Values/ShapeTable.h"
 #include "support/AttributeBytes.h"
 
 #include <gtest/gtest.h>

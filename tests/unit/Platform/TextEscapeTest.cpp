@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Attributes/TextEscape.h"
+#include "Platform/Embedded/Attributes/Forms/TextEscape.h"
 
 #include "support/RandomAttribute.h"
 

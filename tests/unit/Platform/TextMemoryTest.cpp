@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Attributes/FileForms.h"
-#include "Platform/Embedded/Attributes/Lifetime.h"
-#include "Platform/Embedded/Attributes/XmlReader.h"
+#include "Platform/Embedded/Attributes/Forms/FileForms.h"
+#include "Platform/Embedded/Attributes/Forms/Xml/XmlReader.h"
+#include "Platform/Embedded/Attributes/Values/Lifetime.h"
 #include "support/AllocationPeak.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <OvSylvarProducers/AttributeHistoryRecord.h>
+#include <SylvarPlatform/DataAttribute.h>
 
 #include <gtest/gtest.h>
-
-#include <SylvarPlatform/DataAttribute.h>
 
 using SYLVAR::AttributeHistoryRecord;
 using Sylvar3::internal::OvAttribute::Attribute;

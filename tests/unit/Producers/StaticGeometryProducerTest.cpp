@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Producers/StaticGeometryProducer.h"
+
 #include "support/FakeProducer.h"
 #include "support/StaticScene.h"
 

@@ -5,13 +5,13 @@
 #include <SylvarPlatform/GroupBuilder.h>
 #include <SylvarPlatform/suites/AttributeSuite.h>
 
-#include "Platform/Embedded/Attributes/ContentHash.h"
-#include "Platform/Embedded/Attributes/DataValue.h"
-#include "Platform/Embedded/Attributes/GroupBuilderStruct.h"
-#include "Platform/Embedded/Attributes/Lifetime.h"
-#include "Platform/Embedded/Attributes/TextRecords.h"
-#include "Platform/Embedded/Attributes/XmlReader.h"
-#include "Platform/Embedded/Attributes/XmlWriter.h"
+#include "Platform/Embedded/Attributes/Forms/Xml/XmlReader.h"
+#include "Platform/Embedded/Attributes/Forms/Xml/XmlWriter.h"
+#include "Platform/Embedded/Attributes/Values/ContentHash.h"
+#include "Platform/Embedded/Attributes/Values/DataValue.h"
+#include "Platform/Embedded/Attributes/Values/GroupBuilderStruct.h"
+#include "Platform/Embedded/Attributes/Values/Lifetime.h"
+#include "Platform/Embedded/Attributes/Values/TextRecords.h"
 
 #include <cstddef>
 #include <cstring>
@@ -126,12 +126,13 @@ Value* createStringFromSamples(const float* times,
     if (!shape.isLegal()) {
         return nullptr;
     }
-    for (std::int64_t i = 0; i < timeCount; ++i) {
+    const std::int64_t samplesWithValues = valuesPerSample == 0 ? 0 : timeCount;
+    for (std::int64_t i = 0; i < samplesWithValues; ++i) {
         shape.textBytes += recordBytesOf(samples[i], valuesPerSample);
     }
     DataValue* const data = newDataValue(nullptr, shape);
     StringWriter writer(*data);
-    for (std::int64_t i = 0; i < timeCount; ++i) {
+    for (std::int64_t i = 0; i < samplesWithValues; ++i) {
         for (std::int64_t j = 0; j < valuesPerSample; ++j) {
             writer.write(viewOf(samples[i][j]));
         }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <cstddef>
-
 #include <SylvarPlatform/DelimiterCodec.h>
+
+#include <cstddef>
 
 namespace Sylvar3::internal::OvAttribute {
 namespace {

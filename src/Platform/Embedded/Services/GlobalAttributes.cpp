@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <SylvarPlatform/GlobalAttributes.h>
+
 #include "Platform/Embedded/Services/GroupMerge.h"
 
 #include <limits>
 #include <utility>
 #include <vector>
-
-#include <SylvarPlatform/GlobalAttributes.h>
 
 namespace Sylvar3::internal::OvSylvarServices {
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Services/GroupMerge.h"
 
+#include <SylvarPlatform/GroupBuilder.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <functional>
@@ -8,8 +10,6 @@
 #include <string_view>
 #include <unordered_map>
 #include <utility>
-
-#include <SylvarPlatform/GroupBuilder.h>
 
 namespace Sylvar3::internal::OvSylvarServices::Embedded {
 namespace {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <vector>
-
 #include <SylvarPlatform/GroupAttribute.h>
+
+#include <vector>
 
 namespace Sylvar3::internal::OvSylvarServices::Embedded {
 
