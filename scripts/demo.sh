@@ -24,10 +24,10 @@ say "Importing $asset"
 cmp "$out/$name.optree" "$out/$name.again.optree"
 rm "$out/$name.again.optree"
 
-say "The tree, from its top"
+say "Its upper levels"
 "$ovscene" tree "$out/$name.optree" >"$out/$name.tree.txt"
-sed -n '1,40p' "$out/$name.tree.txt"
-echo "... $(wc -l <"$out/$name.tree.txt") lines in all"
+"$ovscene" tree "$out/$name.optree" --depth 3
+echo "The whole tree, $(wc -l <"$out/$name.tree.txt") lines, is in $out/$name.tree.txt"
 
 say "What it holds"
 "$ovscene" stats "$out/$name.optree" | tee "$out/$name.stats.txt"
