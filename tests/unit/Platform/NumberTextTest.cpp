@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <locale>
 #include <string>
 
 namespace {
@@ -116,13 +117,23 @@ TEST(NumberText, EveryBitPatternSurvives) {
     }
 }
 
+/// Numbers with a comma and grouped digits, as a process may have set them.
+struct CommaAndGroups : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
 TEST(NumberText, TheLocaleOfTheProcessChangesNothing) {
-    if (!std::setlocale(LC_NUMERIC, "de_DE.UTF-8")) {
-        GTEST_SKIP() << "The locale is not installed.";
-    }
+    const std::locale before =
+        std::locale::global(std::locale(std::locale::classic(), new CommaAndGroups));
+    std::setlocale(LC_NUMERIC, "de_DE.UTF-8");  // where the system has it
     EXPECT_EQ("0.5", textOf(0.5));
+    EXPECT_EQ("1234567.5", textOf(1234567.5));
     EXPECT_TRUE(reads<double>("0.5"));
+    EXPECT_FALSE(reads<double>("0,5"));
     std::setlocale(LC_NUMERIC, "C");
+    std::locale::global(before);
 }
 
 }  // namespace
