@@ -14,7 +14,7 @@ namespace Sylvar3::internal::OvAttribute {
 enum class AttributeContent { Attribute, StaticScene, OpTree };
 
 enum class AttributeForm {
-    Binary,  ///< `.optree`: FlatBuffers, equal attributes stored once; at most 2 GiB
+    Binary,  ///< `.optree`: FlatBuffers, equal attributes stored once; less than 2 GiB
     Text     ///< `.optree.json`: JSON; shared attributes are written out each time
 };
 

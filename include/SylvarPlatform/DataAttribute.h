@@ -53,7 +53,8 @@ public:
     IntAttribute() noexcept = default;
     explicit IntAttribute(value_type value);
 
-    /// One sample at time 0. The values are copied. Null for a tuple size below 1.
+    /// One sample at time 0. The values are copied. Null when the tuple size is below 1 or beyond
+    /// 31 bits.
     explicit IntAttribute(const std::vector<value_type>& values, long tupleSize = 1);
     IntAttribute(const value_type* values, std::int64_t count, long tupleSize);
 

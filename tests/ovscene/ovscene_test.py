@@ -10,6 +10,8 @@ import os
 import pathlib
 import pty
 import re
+import resource
+import select
 import shutil
 import signal
 import subprocess
@@ -141,6 +143,22 @@ class General(OvsceneCase):
         done = subprocess.run(["sh", "-c", command], cwd=self.folder, stderr=subprocess.PIPE)
         self.assertEqual((0, b""), (done.returncode, done.stderr))
         self.ok("stats", "quiet.optree")
+
+    def test_memory_that_runs_out_is_an_unexpected_failure(self):
+        with open(self.folder / "huge.json", "wb") as file:
+            file.write(b" ")
+            file.truncate(1 << 32)
+
+        def run(*arguments):
+            return subprocess.run(
+                [OVSCENE, *arguments], cwd=self.folder, stdout=subprocess.PIPE,
+                stderr=subprocess.PIPE, timeout=100,
+                preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (1 << 28, 1 << 28)))
+
+        if run("--version").returncode != 0:
+            self.skipTest("a sanitizer needs more address space by itself")
+        done = run("stats", "huge.json")
+        self.assertEqual((1, b"ovscene: out of memory\n"), (done.returncode, done.stderr))
 
     def test_a_full_device_is_a_failure(self):
         with open("/dev/full", "wb") as full:
@@ -505,6 +523,31 @@ class Terminal(OvsceneCase):
     def test_colours_do_not_change_the_columns(self):
         shown = re.sub("\x1b\\[\\d+m", "", self.on_terminal("tree", "small.optree"))
         self.assertEqual(self.ok("tree", "small.optree"), shown.replace("\r\n", "\n"))
+
+    def test_long_work_shows_its_progress_on_one_line_and_wipes_it(self):
+        os.mkfifo(self.folder / "slow.json")
+        master, slave = pty.openpty()
+        process = subprocess.Popen([OVSCENE, "convert", "slow.json", "slow.optree"], stderr=slave,
+                                   cwd=self.folder, stdout=subprocess.PIPE,
+                                   env={**os.environ, "TERM": "xterm"})
+        os.close(slave)
+        shown = b""
+        with open(self.folder / "slow.json", "wb", buffering=0) as pipe:
+            while shown.count(b"\r\x1b[K") < 2:  # blanks in front of the text, for as long as it takes
+                pipe.write(b" " * 4096)
+                if select.select([master], [], [], 0.01)[0]:
+                    shown += os.read(master, 4096)
+            pipe.write((self.folder / "small.optree.json").read_bytes())
+        output = process.communicate()[0]
+        try:
+            while piece := os.read(master, 4096):
+                shown += piece
+        except OSError:  # the other end is closed
+            pass
+        os.close(master)
+        self.assertEqual(0, process.returncode)
+        self.assertIn(b"slow.optree: static scene", output)
+        self.assertRegex(shown, rb"\A(\r\x1b\[Kreading slow\.json  \d+ bytes)+\r\x1b\[K\Z")
 
     def test_short_work_shows_no_progress(self):
         self.assertNotIn("\r\x1b[K", self.on_terminal("stats", "small.optree"))

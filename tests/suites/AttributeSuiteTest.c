@@ -405,6 +405,83 @@ static void streamsAreRead(void) {
     CHECK(read == NULL && text.taken == text.size);
 }
 
+/* Appends to what is in the text; it ends in a NUL. */
+static void note(Text* text, const char* words, long size) {
+    CHECK(text->size + size < (long)sizeof(text->bytes));
+    memcpy(text->bytes + text->size, words, (size_t)size);
+    text->size += size;
+    text->bytes[text->size] = '\0';
+}
+
+static void noteString(Text* text, OvAttributeStruct* data) {
+    OvSampleTableBuffer buffer;
+    OvSampleTable* table = NULL;
+    int64_t i = 0;
+    memset(&buffer, 0, sizeof(buffer));
+    table = suite->acquireSamples(data, OV_ATTRIBUTE_STRING, 1, &buffer);
+    for (i = 0; table && i < table->sampleCount * table->valuesPerSample; ++i) {
+        const char* const value = ((const char* const*)table->values)[i];
+        note(text, "=", 1);
+        note(text, value, (long)strlen(value));
+    }
+}
+
+/* A group on the way down, and the child of it that comes next. */
+typedef struct Level {
+    OvAttributeStruct* group;
+    int64_t next;
+} Level;
+
+/* Every name and every string, depth first; groups are in parentheses. Takes the reference. */
+static void walk(OvAttributeStruct* top, Text* text) {
+    Level levels[16];
+    int depth = 0;
+    levels[0].group = top;
+    levels[0].next = 0;
+    while (depth >= 0) {
+        Level* const level = &levels[depth];
+        OvAttributeStruct* child = NULL;
+        const char* name = NULL;
+        int32_t length = 0;
+        if (level->next == suite->getNumberOfChildren(level->group)) {
+            suite->release(level->group);
+            note(text, ")", 1);
+            --depth;
+            continue;
+        }
+        name = suite->getChildName(level->group, level->next, &length);
+        note(text, " ", 1);
+        note(text, name, length);
+        child = suite->getChildByIndex(level->group, level->next++);
+        if (child && suite->getType(child) == OV_ATTRIBUTE_GROUP) {
+            note(text, "(", 1);
+            levels[++depth].group = child;
+            levels[depth].next = 0;
+        } else if (child) {
+            noteString(text, child);
+            suite->release(child);
+        }
+    }
+}
+
+static void aTreeIsReadAndWalked(void) {
+    static Text file;
+    static Text walked;
+    static const char json[] =
+        "{\"format\": \"sylvar\", \"version\": 1, \"content\": \"static scene\", \"root\": {"
+        "\"a\": {\"type\": \"group\", \"n\": 1, \"gone\": null},"
+        "\"c\": {\"geo\": {\"a\": {\"names\": [\"x\", \"y\"]}}, \"none\": {}}}}";
+    OvAttributeStruct* top = NULL;
+    memcpy(file.bytes, json, sizeof(json) - 1);
+    file.size = (long)sizeof(json) - 1;
+    top = suite->readStream(&file, readText);
+    CHECK(top != NULL);
+    if (top) {
+        walk(top, &walked);
+        CHECK(strcmp(walked.bytes, " a( type=group n gone) c( geo( a( names=x=y)) none()))") == 0);
+    }
+}
+
 int main(void) {
     suite = OvGetAttributeSuite();
     everyEntryIsThere();
@@ -420,5 +497,6 @@ int main(void) {
     referencesAreCounted();
     xmlIsWrittenAndParsed();
     streamsAreRead();
+    aTreeIsReadAndWalked();
     return failures == 0 ? 0 : 1;
 }

@@ -203,4 +203,19 @@ TEST(AttributeThreads, ReadAndWriteTheirOwnFilesAtATime) {
     });
 }
 
+TEST(AttributeThreads, ReadAndWriteTheirOwnTextsAtATime) {
+    const GroupAttribute tree = freshTree();
+    const std::string text = ovtest::bytesOf(tree, AttributeForm::Text);
+    const std::string xml = tree.getXML();
+    onThreads(kThreads, [&](int) {
+        for (int i = 0; i < 5; ++i) {
+            const Attribute read = ovtest::readBytes(text).attribute;
+            ASSERT_EQ(tree.getHash(), read.getHash());
+            ASSERT_EQ(text, ovtest::bytesOf(tree, AttributeForm::Text));
+            ASSERT_EQ(tree.getHash(), Attribute::parseXML(xml).getHash());
+            ASSERT_EQ(xml, tree.getXML());
+        }
+    });
+}
+
 }  // namespace

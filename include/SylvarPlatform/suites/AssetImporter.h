@@ -29,13 +29,13 @@ typedef struct OvAssetImportOptions {
     uint8_t cameras;
     uint8_t materials;
     /* The largest file, in bytes, and the most locations; beyond them the import fails and says
-       so. 0: no limit. */
+       so. A larger file that the asset refers to counts as missing. 0: no limit. */
     int64_t maxFileBytes;
     int64_t maxLocations;
 } OvAssetImportOptions;
 
-/* Told `fraction` of the work, 0 to 1, now and then from the importing thread; returns 0 to stop
-   the import. */
+/* Told `fraction` of the work, 0 to 1, now and then, on the thread that called importAsset; returns
+   0 to stop the import. */
 typedef int (*OvImportProgress)(void* context, float fraction);
 
 typedef struct OvAssetImportResult {

@@ -2,6 +2,7 @@
 #include <SylvarPlatform/Attribute.h>
 #include <SylvarPlatform/DataAttribute.h>
 #include <SylvarPlatform/GroupAttribute.h>
+#include <SylvarPlatform/GroupBuilder.h>
 
 #include "support/SuiteCalls.h"
 
@@ -161,6 +162,34 @@ TEST(Attribute, TellsItsKind) {
     EXPECT_EQ(3, DoubleAttribute(1.0).getType());
     EXPECT_EQ(4, StringAttribute("1").getType());
     EXPECT_EQ(5, GroupAttribute({}, false).getType());
+}
+
+const OvAttributeSuite* tableBeforeAnyConstructor;
+const OvAttributeSuite* builderTableBeforeAnyConstructor;
+
+/// Runs ahead of everything that is constructed when a program starts.
+__attribute__((constructor(101))) void noteTheTables() {
+    tableBeforeAnyConstructor = Attribute::_attrSuite;
+    builderTableBeforeAnyConstructor = GroupBuilder::_attrSuite;
+}
+
+TEST(AttributeTable, IsSetBeforeAnyConstructorRuns) {
+    EXPECT_EQ(OvGetAttributeSuite(), tableBeforeAnyConstructor);
+    EXPECT_EQ(OvGetAttributeSuite(), builderTableBeforeAnyConstructor);
+}
+
+TEST(AttributeTable, IsOneForValuesAndBuildersAndInC) {
+    EXPECT_EQ(OvGetAttributeSuite(), Attribute::_attrSuite);
+    EXPECT_EQ(OvGetAttributeSuite(), GroupBuilder::_attrSuite);
+}
+
+TEST(AttributeTable, MayBeTakenAwayAndPutBack) {
+    Attribute::_attrSuite = nullptr;
+    GroupBuilder::_attrSuite = nullptr;
+    { const Attribute asksNothing; }
+    Attribute::_attrSuite = OvGetAttributeSuite();
+    GroupBuilder::_attrSuite = OvGetAttributeSuite();
+    EXPECT_EQ(5, IntAttribute(5).getValue(0));
 }
 
 }  // namespace

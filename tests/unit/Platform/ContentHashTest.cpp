@@ -11,6 +11,7 @@
 
 #include <set>
 #include <string>
+#include <type_traits>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -19,6 +20,8 @@ namespace {
 
 using namespace Sylvar3::internal::OvAttribute;
 using ovtest::AttributeModel;
+
+static_assert(sizeof(Hash) == 2 * sizeof(std::uint64_t) && std::is_trivially_copyable_v<Hash>);
 
 Hash hashOf(const Attribute& attribute) {
     return attribute.getHash();

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <pthread.h>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -132,6 +133,29 @@ TEST(ReadAttribute, MayBeLetGoAndHeldAgainPageByPage) {
         EXPECT_EQ(20000U, held.size());
     }
     EXPECT_EQ("text1", group.getChild<StringAttribute>("group1.name1").getValue(""));
+}
+
+/// The different handles under `name` in the groups of a read attribute that all hold one value.
+std::size_t handlesOf(const Attribute& value) {
+    std::vector<GroupAttribute::Child> children;
+    for (int i = 0; i < 2000; ++i) {
+        const GroupAttribute location({{"value", value}, {"n", IntAttribute(i)}}, false);
+        children.emplace_back(std::to_string(i), location);
+    }
+    const auto read = castAttribute<GroupAttribute>(
+        ovtest::readBytes(ovtest::binaryOf(GroupAttribute(children, false))).attribute);
+    std::set<const OvAttributeStruct*> handles;
+    for (int i = 0; i < 2000; ++i) {
+        handles.insert(read.getChildByName(std::to_string(i) + ".value").handle());
+    }
+    return handles.size();
+}
+
+TEST(ReadAttribute, KeepsCopiesOfASmallValueNearTheGroupsThatShareIt) {
+    const std::size_t copies = handlesOf(StringAttribute("mesh"));
+    EXPECT_LT(1U, copies) << "one count for all of them would be contended";
+    EXPECT_GT(1000U, copies);
+    EXPECT_EQ(1U, handlesOf(StringAttribute(std::string(1000, 'x')))) << "a large value is shared";
 }
 
 TEST(Lifetime, EndsAWideGroupWhoseChildrenAreShared) {

@@ -362,7 +362,7 @@ std::string smallText() {
 TEST(TextForm, ATextThatIsCutShortIsAFault) {
     const std::string text = smallText();
     ASSERT_EQ("", readTextForm(text).error);
-    for (std::size_t size = 0; size < text.size() - 2; ++size) {
+    for (std::size_t size = 0; size < text.size() - 1; ++size) {
         const AttributeReadResult result = readTextForm(text.substr(0, size));
         ASSERT_NE("", result.error) << size;
         ASSERT_FALSE(result.attribute) << size;

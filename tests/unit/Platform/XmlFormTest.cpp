@@ -159,6 +159,12 @@ const char* const kFaults[] = {
     "<!DOCTYPE attr [<!ENTITY a \"b\">]><attr type=\"group\"/>",
 };
 
+TEST(XmlForm, ANameMayHoldANul) {
+    const std::string name("a\0b", 3);
+    expectForm(GroupAttribute({{name, Attribute()}}, false),
+               "<attr type=\"group\">\n  <attr name=\"a\\x00b\" type=\"null\"/>\n</attr>\n");
+}
+
 TEST(XmlForm, AnythingElseIsNull) {
     for (const char* const xml : kFaults) {
         EXPECT_FALSE(Attribute::parseXML(xml)) << xml;

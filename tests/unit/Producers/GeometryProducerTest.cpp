@@ -4,6 +4,7 @@
 #include "Producers/InstanceCount.h"
 #include "support/FakeProducer.h"
 #include "support/StaticScene.h"
+#include "support/SuiteScope.h"
 
 #include <gtest/gtest.h>
 
@@ -59,6 +60,13 @@ TEST(GeometryProducer, CountsItsReferencesAtomicallyFromZero) {
     EXPECT_EQ(0U, born->use_count());
     const GeometryProducerPtr held(born);
     EXPECT_EQ(1U, born->use_count());
+}
+
+TEST(GeometryProducer, HoldsItsParentBehindItsCount) {
+    const GeometryProducerPtr fake(new FakeProducer("/root"));
+    const auto* const begin = reinterpret_cast<const char*>(fake.get());
+    const auto* const parent = reinterpret_cast<const char*>(&fake->parent);
+    EXPECT_EQ(2 * static_cast<std::ptrdiff_t>(sizeof(void*)), parent - begin);
 }
 
 TEST(GeometryProducer, HasNoClientUnlessItSaysSo) {
@@ -125,6 +133,18 @@ TEST(GetType, IsEmptyForAnythingElse) {
         EXPECT_EQ("", withType(row.type)->getType()) << row.what;
     }
     EXPECT_EQ("", StaticScene().at("/root").open()->getType()) << "no attributes at all";
+}
+
+TEST(GetType, IsEmptyForAStringThatIsANullPointer) {
+    const GeometryProducerPtr root = withType(StringAttribute("mesh"));
+    OvAttributeSuite suite = *OvGetAttributeSuite();
+    suite.getNearestString =
+        [](OvAttributeStruct* const*, std::int64_t, float, const char** value) {
+            *value = nullptr;
+            return std::uint8_t{1};
+        };
+    const ovtest::SuiteScope scope(suite);
+    EXPECT_EQ("", root->getType());
 }
 
 TEST(GetRootProducer, GivesTheSameObjectOnTheTop) {

@@ -303,3 +303,19 @@ TEST(StaticGetFirstChild, MakesAProducerWithoutAGroupOfAChildThatIsNone) {
     EXPECT_EQ(Hash().str(), child->getHash());
     EXPECT_EQ("next", child->getNextSibling(false)->getName());
 }
+
+TEST(StaticGetFirstChild, TakesAnEmptyNameAsAnyOther) {
+    const GroupAttribute children({{"", GroupAttribute({}, false)}}, false);
+    const auto first = StaticScene().setKey("/root", "c", children).open()->getFirstChild(false);
+    ASSERT_NE(nullptr, first);
+    EXPECT_EQ("/root/", first->getFullName());
+    EXPECT_EQ("", first->getName());
+}
+
+TEST(StaticGetFirstChild, MakesAProducerWithoutAGroupOfANullChild) {
+    const auto child =
+        StaticScene().replaceBy("/root/null", Attribute()).open()->getFirstChild(false);
+    ASSERT_NE(nullptr, child);
+    EXPECT_EQ("/root/null", pathOf(child));
+    EXPECT_FALSE(child->getAttribute(""));
+}

@@ -141,3 +141,35 @@ TEST(StaticGetNextSibling, GivesOneAnswerToEightThreadsOnOneObject) {
         EXPECT_EQ(std::vector<std::string>(8, "n151"), found);
     }
 }
+
+TEST(StaticGetNextSibling, TakesAnEmptyNameAsAnyOther) {
+    const GroupAttribute location({}, false);
+    const GroupAttribute children({{"a", location}, {"", location}, {"z", location}}, false);
+    const GeometryProducerPtr root = StaticScene().setKey("/root", "c", children).open();
+    EXPECT_EQ("/root/a/", root->getFirstChild(false)->getNextSibling(false)->getFullName());
+    EXPECT_EQ((Names{"a", "", "z"}), namesFrom(root->getFirstChild(false)));
+    EXPECT_EQ((Names{"", "z"}), namesFrom(root->getChildByName("", false)));
+}
+
+TEST(StaticGetNextSibling, PassesBothChildrenThatDecodeToOneNameAndFindsTheFirst) {
+    const GeometryProducerPtr root =
+        StaticScene().at("/root/%2e").at("/root/%2E").at("/root/z").open();
+    EXPECT_EQ((Names{".", ".", "z"}), namesFrom(root->getFirstChild(false)));
+    EXPECT_EQ((Names{".", ".", "z"}), namesFrom(childAt(root, "/root/.")));
+}
+
+TEST(StaticGetNextSibling, KeepsThePlaceThatItFound) {
+    const GeometryProducerPtr here = childAt(abc().open(), "/root/b");
+    EXPECT_EQ("c", here->getNextSibling(false)->getName());
+    here->parent = StaticScene().at("/root/b").at("/root/x").at("/root/y").open();
+    EXPECT_EQ("y", here->getNextSibling(false)->getName()) << "the second place, not the name";
+}
+
+TEST(StaticGetNextSibling, TakesTheFirstPlaceWhenItLooksWhereThereIsNoList) {
+    const GeometryProducerPtr bare =
+        CreateStaticGeometryProducer("/root", GroupAttribute({}, false), nullptr);
+    const GeometryProducerPtr here = childAt(bare, "/root/c");
+    EXPECT_EQ(nullptr, here->getNextSibling(false));
+    here->parent = abc().open();
+    EXPECT_EQ("b", here->getNextSibling(false)->getName());
+}

@@ -14,7 +14,7 @@ namespace ovscene {
 /// expand to more than anybody could wait for.
 class VisitLimit {
 public:
-    static constexpr std::int64_t kMost = std::int64_t{1} << 30;
+    static constexpr std::int64_t kMost = std::int64_t{1} << 26;
 
     explicit VisitLimit(std::string filename) : filename_(std::move(filename)) {}
 
