@@ -30,6 +30,9 @@ public:
     }
 
     void getAttributeNames(std::set<std::string>* names) override {
+        if (!names) {
+            return;
+        }
         for (const auto& [name, value] : attributes_) {
             names->insert(name);
         }
