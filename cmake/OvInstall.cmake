@@ -3,7 +3,7 @@
 include(CMakePackageConfigHelpers)
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/OvSylvarProducers")
 
-install(TARGETS SylvarPlatform OvSylvarProducers EXPORT OvSylvarProducersTargets
+install(TARGETS SylvarPlatform ResolutionTableOv OvSylvarProducers EXPORT OvSylvarProducersTargets
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
   FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 install(EXPORT OvSylvarProducersTargets NAMESPACE OvSylvarProducers:: DESTINATION "${package_dir}")

@@ -11,6 +11,7 @@ import sys
 # For each layer of src/ the layers below it.
 BELOW = {
     "Platform": [],
+    "ResolutionTable": ["Platform"],
     "Filters": ["Platform"],
     "Producers": ["Platform", "Filters"],
     "Camera": ["Platform"],
@@ -19,7 +20,7 @@ BELOW = {
     "Utils": ["Platform", "Filters", "Producers", "Camera", "Procedurals", "Materials"],
 }
 EMBEDDED = {"Attributes", "Runtime", "Ops", "Services"}
-PUBLIC = {"OvSylvarProducers", "SylvarPlatform"}
+PUBLIC = {"OvSylvarProducers", "ResolutionTableOv", "SylvarPlatform"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
 
 
@@ -42,8 +43,10 @@ def public_header_faults(root):
                 yield file, f"a public header includes with <>, not \"{path}\""
             if top in BELOW:
                 yield file, f"a public header must not include {path}"
-            if place.parts[0] == "SylvarPlatform" and top == "OvSylvarProducers":
+            if place.parts[0] == "SylvarPlatform" and top in PUBLIC - {"SylvarPlatform"}:
                 yield file, f"the platform lies below {path}"
+            if place.parts[0] == "ResolutionTableOv" and top in PUBLIC - {"ResolutionTableOv"}:
+                yield file, f"the resolution table links no library of ours, but sees {path}"
             if plain_c and top in PUBLIC and "/suites/" not in path:
                 yield file, f"a plain C header must not include {path}"
 
@@ -61,7 +64,11 @@ def layer_faults(root):
                     yield file, f"{folder.name} must not include {path}"
                 if path.startswith("Platform/Embedded/") and folder.name != "Platform":
                     yield file, f"only the platform knows {path}"
-                if folder.name == "Platform" and top == "OvSylvarProducers":
+                if folder.name == "ResolutionTable" and (
+                        top in PUBLIC - {"ResolutionTableOv"} or
+                        (top == "Platform" and not path.startswith("Platform/Support/"))):
+                    yield file, f"the resolution table links no library of ours, but sees {path}"
+                if folder.name == "Platform" and top in PUBLIC - {"SylvarPlatform"}:
                     yield file, f"the platform lies below {path}"
                 if bracket == '"' and top == "":
                     yield file, f"write the layer before {path}"

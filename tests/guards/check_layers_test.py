@@ -12,6 +12,10 @@ import check_layers  # noqa: E402
 REFUSED = [
     ("include/OvSylvarProducers/A.h", "#include <Platform/Support/Mutex.h>"),
     ("include/SylvarPlatform/A.h", "#include <OvSylvarProducers/B.h>"),
+    ("include/SylvarPlatform/A.h", "#include <ResolutionTableOv/B.h>"),
+    ("include/ResolutionTableOv/A.h", "#include <SylvarPlatform/Attribute.h>"),
+    ("src/ResolutionTable/A.cpp", "#include <SylvarPlatform/Attribute.h>"),
+    ("src/ResolutionTable/A.cpp", '#include "Platform/B.h"'),
     ("include/SylvarPlatform/suites/A.h", "#include <SylvarPlatform/Attribute.h>"),
     ("src/Platform/A.cpp", '#include "Producers/B.h"'),
     ("src/Platform/A.cpp", '#include "B.h"'),
@@ -25,6 +29,7 @@ REFUSED = [
     ("tests/suites/A.c", "#include <SylvarPlatform/Attribute.h>"),
 ]
 PASSED = [
+    ("src/ResolutionTable/A.cpp", '#include "Platform/Support/Mutex.h"'),
     ("include/OvSylvarProducers/A.h", "#include <SylvarPlatform/Attribute.h>"),
     ("src/Producers/A.cpp", '#include "Platform/Support/Mutex.h"'),
     ("src/Platform/A.cpp", '#include "Platform/Embedded/Attributes/B.h"'),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <OvSylvarProducers/StaticGeometryProducer.h>
 #include <OvSylvarProducers/Version.h>
+#include <ResolutionTableOv/ResolutionTable.h>
 #include <SylvarPlatform/DataAttribute.h>
 #include <SylvarPlatform/GroupBuilder.h>
 #include <SylvarPlatform/Version.h>
@@ -21,6 +22,11 @@ int main() {
     const auto ball = root ? root->getFirstChild(false) : nullptr;
     if (!ball || ball->getFullName() != "/root/ball" || ball->getType() != "mesh") {
         std::puts("the scene could not be walked");
+        return 1;
+    }
+    const auto table = ORM_OV::ResolutionTable::v4::GetResolutionTable(nullptr);
+    if (!table || table->getResolution("square_512").width != 512) {
+        std::puts("the resolution table lacks its formats");
         return 1;
     }
     std::printf("OvSylvarProducers %s walked %s\n",
