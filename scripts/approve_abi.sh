@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${1:-build/release}
 for library in SylvarPlatform ResolutionTableOv OvSylvarProducers; do
-    file=$(find "$build" -name "lib$library.so" -print -quit)
+    file=$(find "$build" -path "$build/tests" -prune -o -name "lib$library.so" -print -quit)
     [ -n "$file" ] || { echo "no lib$library.so below $build; build it first" >&2; exit 1; }
     python3 scripts/check_abi.py "$file" "tests/abi/$library.symbols" --approve
 done
