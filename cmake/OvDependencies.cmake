@@ -4,6 +4,7 @@ find_package(Threads REQUIRED)
 find_package(Boost 1.74 CONFIG REQUIRED COMPONENTS headers thread filesystem regex)
 find_package(PkgConfig REQUIRED)
 find_package(pugixml CONFIG REQUIRED)
+find_package(spdlog CONFIG REQUIRED)
 pkg_check_modules(xxhash REQUIRED IMPORTED_TARGET libxxhash)
 
 find_path(OV_RAPIDJSON_INCLUDE_DIR rapidjson/reader.h REQUIRED)
