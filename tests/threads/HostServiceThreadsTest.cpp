@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <ResolutionTableOv/ResolutionTable.h>
+#include <SylvarPlatform/Analytics.h>
+#include <SylvarPlatform/AssetPlugin.h>
 #include <SylvarPlatform/Configuration.h>
 #include <SylvarPlatform/Logging.h>
 
 #include "support/Threads.h"
 
 #include <gtest/gtest.h>
+#include <rapidjson/document.h>
 
 #include <atomic>
+#include <cstdio>
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -63,6 +68,39 @@ TEST(HostServiceThreads, LogWhileLevelsAndTheSinkChange) {
     OvLoggingHost::setLogSink({});
     OvLoggingHost::setLevel("", OvLoggingHost::LogLevel::Info);
     EXPECT_EQ(0, *heard);
+}
+
+TEST(HostServiceThreads, WriteRecordsThatStayWhole) {
+    const std::string filename = OV_TEST_OUTPUT_DIR "/records.jsonl";
+    std::remove(filename.c_str());
+    const auto made = Sylvar3::OvRenderServices::v1::makeJsonLinesAnalytics(filename);
+    ASSERT_TRUE(made.manager) << made.error;
+    onThreads(kThreads, [&](int i) {
+        for (int round = 0; round < kRounds; ++round) {
+            made.manager->addRecord("key", rapidjson::Value(i));
+        }
+    });
+    std::ifstream file(filename);
+    int lines = 0;
+    for (std::string line; std::getline(file, line); ++lines) {
+        EXPECT_FALSE(rapidjson::Document().Parse(line.c_str()).HasParseError()) << line;
+    }
+    EXPECT_EQ(kThreads * kRounds, lines);
+}
+
+TEST(HostServiceThreads, ResolveAssetsWhileTheSearchPathChanges) {
+    using Sylvar3::OvAssetHost::v1::OvAssetPluginManager;
+    onThreads(kThreads, [](int i) {
+        for (int round = 0; round < kRounds; ++round) {
+            if (i == 0) {
+                Config()->set("SYLVAR_ASSET_PATH", round % 2 == 0 ? "/no/such" : "/nor/this");
+            } else {
+                auto* const plugin = OvAssetPluginManager::getDefaultAssetPlugin();
+                EXPECT_EQ("a.0007", plugin->resolveAsset("a.####", 7, true));
+            }
+        }
+    });
+    Config()->unset("SYLVAR_ASSET_PATH");
 }
 
 TEST(HostServiceThreads, LookUpResolutionsWhileTheDefaultTableChanges) {
