@@ -52,22 +52,25 @@ TEST(HostServiceThreads, MakeOneLoggerOfOneName) {
 }
 
 TEST(HostServiceThreads, LogWhileLevelsAndTheSinkChange) {
-    const OvLoggingHost::OvLoggerGlue logger("changing");
+    using namespace OvLoggingHost;
+    const OvLoggerGlue logger("changing");
     const auto heard = std::make_shared<std::atomic<int>>(0);
+    const auto listen = [heard] { setLogSink([heard](const LogMessage&) { ++*heard; }); };
+    listen();
     onThreads(kThreads, [&](int i) {
         for (int round = 0; round < kRounds; ++round) {
-            if (i == 0) {
-                OvLoggingHost::setLogSink([heard](const auto&) { ++*heard; });
-                OvLoggingHost::setLevel("changing", OvLoggingHost::LogLevel::Error);
-                OvLoggingHost::setLevel("", OvLoggingHost::LogLevel::Warn);
-            } else if (logger.infoEnabled() || logger.debugEnabled()) {
-                logger.debug("never told before the sink is there", "", 0);
+            if (i != 0) {
+                logger.error("x", "", 0);
+                continue;
             }
+            listen();
+            setLevel("changing", round % 2 == 0 ? LogLevel::Error : LogLevel::Debug);
+            setLevel("", LogLevel::Warn);
         }
     });
-    OvLoggingHost::setLogSink({});
-    OvLoggingHost::setLevel("", OvLoggingHost::LogLevel::Info);
-    EXPECT_EQ(0, *heard);
+    setLogSink({});
+    setLevel("", LogLevel::Info);
+    EXPECT_EQ((kThreads - 1) * kRounds, *heard);
 }
 
 TEST(HostServiceThreads, WriteRecordsThatStayWhole) {
