@@ -30,7 +30,9 @@ public:
     /// The same, built from what `make` returns; `make` runs only when this call builds.
     template <class Make>
     T& get(Make make) {
-        if (!built_.load(std::memory_order_acquire)) {
+        // Asked once more behind the once-flag: what another thread built is then seen to be built
+        // here too, without a look into the flag's own workings.
+        while (!built_.load(std::memory_order_acquire)) {
             build(make);
         }
         return *std::launder(reinterpret_cast<T*>(place_));
