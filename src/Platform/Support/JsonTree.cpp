@@ -2,6 +2,7 @@
 #include "Platform/Support/JsonTree.h"
 
 #include "Platform/Support/FileHandle.h"
+#include "Platform/Support/TextPlace.h"
 
 #include <rapidjson/error/en.h>
 #include <rapidjson/memorystream.h>
@@ -18,33 +19,6 @@ namespace {
 
 constexpr std::size_t kDeepest = 64;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-std::string placed(std::string_view text, std::size_t offset, const std::string& what) {
-    const std::string_view before = text.substr(0, offset);
-    const std::size_t lineBreak = before.rfind('\n');
-    const std::string_view line =
-        lineBreak == std::string_view::npos ? before : before.substr(lineBreak + 1);
-    const auto isCharacter = [](char c) { return (c & 0xC0) != 0x80; };
-    return "line " + std::to_string(std::count(before.begin(), before.end(), '\n') + 1) +
-           ", column " + std::to_string(std::count_if(line.begin(), line.end(), isCharacter) + 1) +
-           ": " + what;
-}
-
-/// The offset of the mark that opens the string whose closing mark ends at `end`: the first mark
-/// before it that an even number of backslashes stands in front of.
-std::size_t stringBegin(std::string_view text, std::size_t end) {
-    std::size_t at = end - 1;
-    bool isEscaped = true;
-    while (isEscaped && at != 0) {
-        at = text.rfind('"', at - 1);
-        std::size_t first = at;
-        while (first != 0 && text[first - 1] == '\\') {
-            --first;
-        }
-        isEscaped = (at - first) % 2 != 0;
-    }
-    return at;
-}
 
 std::size_t beginOf(std::string_view text, const JsonNode& node) {
     switch (node.kind) {

@@ -2,11 +2,11 @@
 #include "Platform/Embedded/Attributes/Forms/FileForms.h"
 #include "Platform/Embedded/Attributes/Forms/Text/TextBuilder.h"
 #include "Platform/Embedded/Attributes/Forms/Text/TextForm.h"
+#include "Platform/Support/TextPlace.h"
 
 #include <rapidjson/error/error.h>
 #include <rapidjson/reader.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <iterator>
 #include <new>
@@ -15,6 +15,9 @@
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
 namespace {
+
+using Support::placed;
+using Support::stringBegin;
 
 /// The text as the parser reads it: a NUL stands behind its end.
 // NOLINTBEGIN(readability-identifier-naming)
@@ -113,19 +116,6 @@ private:
 };
 // NOLINTEND(readability-identifier-naming)
 
-/// Where a string begins whose closing quotation mark ends at `end`: at the first mark before it
-/// that an even number of backslashes stands in front of.
-std::size_t stringBegin(std::string_view text, std::size_t end) {
-    std::size_t at = end - 1;
-    bool isEscaped = true;
-    while (isEscaped) {
-        at = text.rfind('"', at - 1);
-        const std::size_t before = text.substr(0, at).find_last_not_of('\\');
-        isEscaped = (at - before) % 2 == 0;
-    }
-    return at;
-}
-
 /// The offset of the part that a fault is about, from the one at which the parser stopped.
 std::size_t faultOffset(std::string_view text, Events::Kind kind, std::size_t stopped) {
     switch (kind) {
@@ -150,17 +140,6 @@ std::size_t syntaxOffset(std::string_view text, const rapidjson::ParseResult& re
         --offset;
     }
     return offset;
-}
-
-std::string placed(std::string_view text, std::size_t offset, const std::string& what) {
-    const std::string_view before = text.substr(0, offset);
-    const std::size_t lineBreak = before.rfind('\n');
-    const std::string_view line =
-        lineBreak == std::string_view::npos ? before : before.substr(lineBreak + 1);
-    const auto isCharacter = [](char c) { return (c & 0xC0) != 0x80; };
-    return "line " + std::to_string(std::count(before.begin(), before.end(), '\n') + 1) +
-           ", column " + std::to_string(std::count_if(line.begin(), line.end(), isCharacter) + 1) +
-           ": " + what;
 }
 
 /// By the parser's code.
