@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Attributes/Values/Block.h"
 
+#include "Platform/Embedded/Attributes/Values/Lifetime.h"
 #include "Platform/Embedded/Attributes/Values/Shape.h"
 
 #include <algorithm>
@@ -45,7 +46,8 @@ void Block::openPage(std::size_t atLeast) {
     page_ = newPage(bytes);
     free_ = reinterpret_cast<char*>(page_ + 1);
     end_ = reinterpret_cast<char*>(page_) + bytes;
-    nextPageBytes_ = std::min(nextPageBytes_ * 2, kLargestPage);
+    nextPageBytes_ =
+        laterPageBytes_ != 0 ? laterPageBytes_ : std::min(nextPageBytes_ * 2, kLargestPage);
 }
 
 Owner* Block::newPage(std::size_t bytes) {
@@ -61,6 +63,15 @@ void Block::hold(const Shape* shape) {
         heldShapes_.push_back(shape);
     } catch (...) {
         shape->release();
+        throw;
+    }
+}
+
+void Block::hold(Value* owned) {
+    try {
+        heldValues_.push_back(owned);
+    } catch (...) {
+        OvAttribute::Embedded::release(*owned);
         throw;
     }
 }

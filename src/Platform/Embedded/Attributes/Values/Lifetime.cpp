@@ -8,48 +8,74 @@
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 
-namespace {
-
-/// Standalone values that have lost their last reference and wait for their end. They are chained
-/// through their own memory, so that ending the deepest tree needs neither stack nor allocation.
+/// Standalone values and blocks that have lost their last reference and wait for their end. They
+/// are chained through their own memory, so that ending the deepest tree needs neither stack nor
+/// allocation.
 class Graveyard {
 public:
     void bury(Value& value) {
         Owner& owner = ownerOf(value);
-        if (owner.block) {
-            owner.block->release();
-        } else {
-            owner.nextDead = next_;
-            next_ = &value;
+        if (!owner.block) {
+            owner.nextDead = nextValue_;
+            nextValue_ = &value;
+        } else if (owner.block->dropIsLast()) {
+            bury(*owner.block);
         }
     }
 
+    void bury(Block& block) {
+        block.nextDead_ = nextBlock_;
+        nextBlock_ = &block;
+    }
+
     void clear() {
-        while (next_) {
-            Value& value = *next_;
-            Owner& owner = ownerOf(value);
-            next_ = owner.nextDead;
-            if (value.kind == OV_ATTRIBUTE_GROUP) {
-                letGo(static_cast<GroupValue&>(value));
-            }
-            ::operator delete(&owner);
+        while (nextValue_ || nextBlock_) {
+            nextValue_ ? endNextValue() : endNextBlock();
         }
     }
 
 private:
+    void endNextValue() {
+        Value& value = *nextValue_;
+        Owner& owner = ownerOf(value);
+        nextValue_ = owner.nextDead;
+        if (value.kind == OV_ATTRIBUTE_GROUP) {
+            letGo(static_cast<GroupValue&>(value));
+        }
+        ::operator delete(&owner);
+    }
+
+    void endNextBlock() {
+        Block& block = *nextBlock_;
+        nextBlock_ = block.nextDead_;
+        for (Value* const held : block.heldValues_) {
+            letGo(held);
+        }
+        delete &block;
+    }
+
     void letGo(const GroupValue& group) {
         for (Value* const child : group) {
-            if (child && dropIsLast(*child)) {
-                bury(*child);
-            }
+            letGo(child);
         }
         group.shape->release();
     }
 
-    Value* next_ = nullptr;
+    void letGo(Value* value) {
+        if (value && dropIsLast(*value)) {
+            bury(*value);
+        }
+    }
+
+    Value* nextValue_ = nullptr;
+    Block* nextBlock_ = nullptr;
 };
 
-}  // namespace
+void Block::end(Block& block) noexcept {
+    Graveyard graveyard;
+    graveyard.bury(block);
+    graveyard.clear();
+}
 
 void end(Value& value) noexcept {
     Graveyard graveyard;

@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/Embedded/Ops/Arguments.h"
+
+#include <SylvarPlatform/SampleAccessor.h>
+
+#include "Platform/Embedded/Ops/NearestName.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+using OvAttribute::GroupAttribute;
+using OvAttribute::IntAttribute;
+using OvAttribute::SampleAccessor;
+using OvAttribute::StringAttribute;
+
+namespace {
+
+bool isOfKind(std::int32_t type, std::string_view kind) {
+    if (kind == "number") {
+        return type == OV_ATTRIBUTE_INT || type == OV_ATTRIBUTE_FLOAT ||
+               type == OV_ATTRIBUTE_DOUBLE;
+    }
+    return kind == (type == OV_ATTRIBUTE_STRING && kind == "strings" ? "strings" : kindName(type));
+}
+
+std::string quoted(std::string_view text) {
+    return "\"" + std::string(text) + "\"";
+}
+
+const ArgumentSchema* findSchema(const OpSchema& schema, std::string_view name) {
+    const auto found = std::find_if(
+        schema.arguments.begin(), schema.arguments.end(), [&](const ArgumentSchema& argument) {
+            return argument.name == name;
+        });
+    return found == schema.arguments.end() ? nullptr : &*found;
+}
+
+[[noreturn]] void failAsUnknown(const OpSchema& schema, std::string_view name) {
+    std::vector<std::string_view> names;
+    for (const ArgumentSchema& argument : schema.arguments) {
+        names.emplace_back(argument.name);
+    }
+    const std::string_view nearest = nearestName(name, names);
+    throw OpError("there is no argument " + quoted(name) +
+                  (nearest.empty() ? "" : "; did you mean " + quoted(nearest) + "?"));
+}
+
+bool isLocationPath(const std::string& path) {
+    return path.size() > 1 && path.front() == '/' && path.back() != '/' &&
+           path.find("//") == std::string::npos;
+}
+
+}  // namespace
+
+const char* kindName(std::int32_t type) {
+    switch (type) {
+        case OV_ATTRIBUTE_INT:
+            return "int";
+        case OV_ATTRIBUTE_FLOAT:
+            return "float";
+        case OV_ATTRIBUTE_DOUBLE:
+            return "double";
+        case OV_ATTRIBUTE_STRING:
+            return "string";
+        case OV_ATTRIBUTE_GROUP:
+            return "group";
+        default:
+            return "null";
+    }
+}
+
+Arguments::Arguments(const OpSchema& schema, GroupAttribute group) : group_(std::move(group)) {
+    for (std::int64_t i = 0; i < group_.getNumberOfChildren(); ++i) {
+        const std::string_view name = group_.getChildNameView(i);
+        const ArgumentSchema* const argument = findSchema(schema, name);
+        if (!argument) {
+            failAsUnknown(schema, name);
+        }
+        const OvAttribute::Attribute value = group_.getChildByIndex(i);
+        if (value && !isOfKind(value.getType(), argument->kind)) {
+            throw OpError("argument " + quoted(name) + ": expected " + argument->kind + ", found " +
+                          kindName(value.getType()));
+        }
+    }
+}
+
+void Arguments::fail(const char* name, const std::string& expected) {
+    throw OpError("argument " + quoted(name) + ": expected " + expected);
+}
+
+void Arguments::require(const char* name) const {
+    if (!has(name)) {
+        throw OpError("argument " + quoted(name) + " is missing");
+    }
+}
+
+std::int32_t Arguments::getInt(const char* name,
+                               std::int32_t otherwise,
+                               std::int32_t least,
+                               std::int32_t most) const {
+    const std::int32_t value = group_.getChild<IntAttribute>(name).getValue(otherwise);
+    if (value < least || value > most) {
+        fail(name,
+             std::to_string(least) + " to " + std::to_string(most) + ", found " +
+                 std::to_string(value));
+    }
+    return value;
+}
+
+std::string Arguments::getString(const char* name, const std::string& otherwise) const {
+    return group_.getChild<StringAttribute>(name).getValue(otherwise);
+}
+
+std::vector<std::string> Arguments::getStrings(const char* name) const {
+    const SampleAccessor<StringAttribute> values(group_.getChildByName(name), 0.0F);
+    return {values.begin(), values.end()};
+}
+
+std::size_t Arguments::getChoice(const char* name, const std::vector<const char*>& choices) const {
+    const std::string value = getString(name, choices.front());
+    const auto found = std::find(choices.begin(), choices.end(), value);
+    if (found == choices.end()) {
+        std::string expected = "one of";
+        for (const char* const choice : choices) {
+            expected += " " + quoted(choice);
+        }
+        fail(name, expected + ", found " + quoted(value));
+    }
+    return static_cast<std::size_t>(found - choices.begin());
+}
+
+std::string Arguments::getPath(const char* name, const std::string& otherwise) const {
+    std::string path = getString(name, otherwise);
+    if (!isLocationPath(path)) {
+        fail(name, "a location's path such as /root/world, found " + quoted(path));
+    }
+    return path;
+}
+
+GroupAttribute Arguments::getGroup(const char* name) const {
+    return group_.getChild<GroupAttribute>(name);
+}
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <SylvarPlatform/AssetPlugin.h>
+#include <SylvarPlatform/AttributeFile.h>
+
+#include "Platform/Embedded/Ops/Arguments.h"
+#include "Platform/Embedded/Ops/FileIdentity.h"
+#include "Platform/Embedded/Ops/MountPath.h"
+#include "Platform/Embedded/Ops/OpTypes.h"
+#include "Platform/Embedded/Runtime/Cook.h"
+#include "Platform/Embedded/Runtime/OpGraph.h"
+#include "Platform/Support/Mutex.h"
+#include "Platform/Support/OnceBuilt.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+using OvAttribute::AttributeContent;
+using OvAttribute::AttributeReadResult;
+using OvAttribute::castAttribute;
+using OvAttribute::GroupAttribute;
+using Support::Mutex;
+using Support::MutexLock;
+
+namespace {
+
+constexpr const char* kLoadedTop = "/root";
+
+std::string resolved(const std::string& file) {
+    return OvAssetHost::v1::OvAssetPluginManager::getDefaultAssetPlugin()->resolveAsset(
+        file, 0, false);
+}
+
+/// The last op of what a file holds. Throws `OpError`.
+std::shared_ptr<InternedOp> readOps(const std::string& file, const FileIdentity& identity) {
+    const AttributeReadResult result = OvAttribute::readAttributeFile(file);
+    if (!result.error.empty()) {
+        throw OpError(result.error);
+    }
+    if (result.content == AttributeContent::StaticScene) {
+        return internStoredScene(
+            castAttribute<GroupAttribute>(result.attribute), identity.text(), file);
+    }
+    if (result.content != AttributeContent::OpTree) {
+        throw OpError(file + ": holds neither an op tree nor a scene");
+    }
+    std::vector<OpSpec> specs;
+    std::string fault;
+    if (!readOpTree(castAttribute<GroupAttribute>(result.attribute), specs, fault)) {
+        throw OpError(file + ": " + fault);
+    }
+    return internOps(specs, file).back();
+}
+
+class LoadOp final : public OpBody {
+public:
+    LoadOp(std::string file, std::string at) : file_(std::move(file)), mount_(std::move(at)) {}
+
+    void cook(Cook& cook, LocationWriter& out) const override {
+        switch (mount_.placeOf(cook.path())) {
+            case MountPath::Place::Above:
+                return out.setChildren({mount_.nextName(cook.path())});
+            case MountPath::Place::Inside: {
+                const std::shared_ptr<InternedOp> top = load();
+                std::string path = kLoadedTop;
+                path += mount_.rest(cook.path());
+                return out.pass(cook.read(*top, path));
+            }
+            case MountPath::Place::Beside:
+                return out.setAbsent();
+        }
+    }
+
+    void collectOwnOps(std::vector<std::shared_ptr<InternedOp>>& ops) const override {
+        const MutexLock lock(mutex_);
+        if (loaded_.top) {
+            ops.push_back(loaded_.top);
+        }
+    }
+
+    bool refresh() const override {
+        const MutexLock lock(mutex_);
+        if (!loaded_.isThere || FileIdentity(file_) == loaded_.identity) {
+            return false;
+        }
+        loaded_ = {};
+        return true;
+    }
+
+private:
+    /// What the file held when it was read: ops, or what is wrong with it.
+    struct Loaded {
+        bool isThere = false;
+        FileIdentity identity{};
+        std::shared_ptr<InternedOp> top{};
+        std::string fault{};
+    };
+
+    /// The last op of the file, which is read when it was not read before. Throws `OpError`.
+    std::shared_ptr<InternedOp> load() const OV_EXCLUDES(loading_, mutex_) {
+        if (std::shared_ptr<InternedOp> known = find()) {
+            return known;
+        }
+        const MutexLock lock(loading_);
+        if (std::shared_ptr<InternedOp> known = find()) {
+            return known;
+        }
+        Loaded loaded;
+        loaded.isThere = true;
+        loaded.identity = FileIdentity(file_);
+        try {
+            loaded.top = readOps(file_, loaded.identity);
+        } catch (const OpError& error) {
+            loaded.fault = error.what();
+        }
+        keep(std::move(loaded));
+        return find();
+    }
+
+    std::shared_ptr<InternedOp> find() const OV_EXCLUDES(mutex_) {
+        const MutexLock lock(mutex_);
+        if (!loaded_.fault.empty()) {
+            throw OpError(loaded_.fault);
+        }
+        return loaded_.top;
+    }
+
+    /// Ops that load one another would keep one another for ever: the last one of the round is told
+    /// so instead. One lock for all, so that two of them do not close the round at once.
+    void keep(Loaded loaded) const OV_EXCLUDES(mutex_) {
+        static Mutex linking;
+        const MutexLock link(linking);
+        if (loaded.top && reaches(loaded.top)) {
+            loaded.top = nullptr;
+            loaded.fault = "cycle: " + file_ + " loads itself";
+        }
+        const MutexLock lock(mutex_);
+        loaded_ = std::move(loaded);
+    }
+
+    bool reaches(const std::shared_ptr<InternedOp>& top) const {
+        const std::vector<std::shared_ptr<InternedOp>> ops = reachableOps({top});
+        return std::any_of(ops.begin(), ops.end(), [this](const std::shared_ptr<InternedOp>& op) {
+            return &op->body() == this;
+        });
+    }
+
+    const std::string file_;
+    const MountPath mount_;
+    mutable Mutex loading_;
+    mutable Mutex mutex_;  ///< Innermost.
+    mutable Loaded loaded_ OV_GUARDED_BY(mutex_);
+};
+
+class LoadOpType final : public OpType {
+public:
+    const OpSchema& schema() const override { return schema_; }
+
+    std::unique_ptr<const OpBody> make(const GroupAttribute& group,
+                                       std::size_t /*inputCount*/,
+                                       const std::string& /*place*/) const override {
+        const Arguments arguments(schema_, group);
+        arguments.require("file");
+        const std::string file = arguments.getString("file", "");
+        if (file.empty()) {
+            Arguments::fail("file", "a file's name, found \"\"");
+        }
+        return std::make_unique<LoadOp>(resolved(file), arguments.getPath("at", kLoadedTop));
+    }
+
+    std::string identity(const GroupAttribute& arguments) const override {
+        const std::string file =
+            arguments.getChild<OvAttribute::StringAttribute>("file").getValue("");
+        return file.empty() ? file : FileIdentity(resolved(file)).text();
+    }
+
+private:
+    const OpSchema schema_ = {
+        "load",
+        "Another op tree, or a stored scene, from a file; read when it is first needed.",
+        0,
+        0,
+        {
+            {"file", "string", "", "The file: an asset's name, or a path."},
+            {"at", "string", kLoadedTop, "Where the file's location /root goes."},
+        },
+    };
+};
+
+}  // namespace
+
+const OpType& loadOpType() {
+    static Support::OnceBuilt<LoadOpType> type;
+    return type.get();
+}
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded

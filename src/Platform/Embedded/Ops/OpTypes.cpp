@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/Embedded/Ops/OpTypes.h"
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+std::vector<const OpType*> builtInOpTypes() {
+    return {
+        &generateOpType(),
+        &loadOpType(),
+        &mergeOpType(),
+        &sceneOpType(),
+        &setAttributesOpType(),
+    };
+}
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded

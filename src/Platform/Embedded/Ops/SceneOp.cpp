@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/Embedded/Ops/SceneOp.h"
+
+#include <SylvarPlatform/DelimiterCodec.h>
+
+#include "Platform/Embedded/Ops/Arguments.h"
+#include "Platform/Embedded/Ops/MountPath.h"
+#include "Platform/Embedded/Ops/OpTypes.h"
+#include "Platform/Embedded/Runtime/Cook.h"
+#include "Platform/Support/OnceBuilt.h"
+
+#include <algorithm>
+#include <deque>
+#include <set>
+#include <utility>
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+using OvAttribute::DelimiterDecode;
+using OvAttribute::GroupAttribute;
+using OvAttribute::Embedded::asGroup;
+using OvAttribute::Embedded::GroupValue;
+
+namespace {
+
+bool isEncoded(std::string_view key) {
+    return key.find('%') != std::string_view::npos;
+}
+
+GroupValue* childGroups(const GroupValue& location) {
+    return asGroup(location.find("c"));
+}
+
+/// The place of the child of that name, decoded; -1 when there is none.
+std::int64_t findChild(const GroupValue& children, std::string_view name) {
+    if (!isEncoded(name)) {
+        const std::int64_t place = children.shape->find(name);
+        if (place >= 0) {
+            return place;
+        }
+    }
+    for (std::int64_t place = 0; place < children.size(); ++place) {
+        const std::string_view key = children.shape->name(place);
+        if (isEncoded(key) && DelimiterDecode(std::string(key)) == name) {
+            return place;
+        }
+    }
+    return -1;
+}
+
+/// The decoded names of all children, each of which must be one that a path can have.
+class ChildNameList {
+public:
+    explicit ChildNameList(const GroupValue& children) {
+        bool hasEncoded = false;
+        for (std::int64_t place = 0; place < children.size(); ++place) {
+            const std::string_view key = children.shape->name(place);
+            hasEncoded |= isEncoded(key);
+            names_.push_back(
+                isEncoded(key) ? decoded_.emplace_back(DelimiterDecode(std::string(key))) : key);
+            check(names_.back(), key);
+        }
+        if (hasEncoded) {
+            checkForTwins();
+        }
+    }
+
+    const std::vector<std::string_view>& names() const { return names_; }
+
+private:
+    static void check(std::string_view name, std::string_view key) {
+        if (name.empty() || name.find('/') != std::string_view::npos ||
+            name.find('\0') != std::string_view::npos) {
+            throw OpError("the child \"" + std::string(key) +
+                          "\" has a name that no path can hold");
+        }
+    }
+
+    void checkForTwins() const {
+        std::set<std::string_view> known;
+        for (const std::string_view name : names_) {
+            if (!known.insert(name).second) {
+                throw OpError("two children are named \"" + std::string(name) + "\"");
+            }
+        }
+    }
+
+    std::deque<std::string> decoded_;
+    std::vector<std::string_view> names_;
+};
+
+class SceneOp final : public OpBody {
+public:
+    SceneOp(GroupAttribute tree, std::string at) : tree_(std::move(tree)), mount_(std::move(at)) {}
+
+    void cook(Cook& cook, LocationWriter& out) const override {
+        switch (mount_.placeOf(cook.path())) {
+            case MountPath::Place::Above:
+                return out.setChildren({mount_.nextName(cook.path())});
+            case MountPath::Place::Inside:
+                return cookInside(mount_.rest(cook.path()), out);
+            case MountPath::Place::Beside:
+                return out.setAbsent();
+        }
+    }
+
+private:
+    void cookInside(std::string_view rest, LocationWriter& out) const {
+        GroupValue* location = asGroup(tree_.handle());
+        for (std::size_t begin = 1; begin < rest.size(); ++begin) {
+            const std::size_t end = std::min(rest.find('/', begin), rest.size());
+            const GroupValue* const children = location ? childGroups(*location) : nullptr;
+            const std::int64_t place =
+                children ? findChild(*children, rest.substr(begin, end - begin)) : -1;
+            if (place < 0) {
+                return out.setAbsent();
+            }
+            location = asGroup((*children)[place]);
+            begin = end;
+        }
+        // A child of another kind is a location with nothing in it.
+        if (location) {
+            write(*location, out);
+        }
+    }
+
+    static void write(const GroupValue& location, LocationWriter& out) {
+        if (GroupValue* const attributes = asGroup(location.find("a"))) {
+            out.setAttributes(static_cast<GroupValue*>(out.keep(*attributes)));
+        }
+        if (const GroupValue* const children = childGroups(location)) {
+            out.setChildren(ChildNameList(*children).names());
+        }
+    }
+
+    GroupAttribute tree_;
+    MountPath mount_;
+};
+
+class SceneOpType final : public OpType {
+public:
+    const OpSchema& schema() const override { return schema_; }
+
+    std::unique_ptr<const OpBody> make(const GroupAttribute& group,
+                                       std::size_t /*inputCount*/,
+                                       const std::string& /*place*/) const override {
+        const Arguments arguments(schema_, group);
+        arguments.require("tree");
+        return makeScene(arguments.getGroup("tree"), arguments.getPath("at", "/root"));
+    }
+
+private:
+    const OpSchema schema_ = {
+        "scene",
+        "A static scene that stands in the op tree itself.",
+        0,
+        0,
+        {
+            {"tree", "group", "", "The top location: its attributes \"a\" and its children \"c\"."},
+            {"at", "string", "/root", "The path of the top location."},
+        },
+    };
+};
+
+}  // namespace
+
+std::unique_ptr<const OpBody> makeScene(GroupAttribute tree, std::string at) {
+    return std::make_unique<SceneOp>(std::move(tree), std::move(at));
+}
+
+const OpType& sceneOpType() {
+    static Support::OnceBuilt<SceneOpType> type;
+    return type.get();
+}
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/Embedded/Ops/Arguments.h"
+#include "Platform/Embedded/Ops/AttributeMerge.h"
+#include "Platform/Embedded/Ops/OpTypes.h"
+#include "Platform/Embedded/Ops/PathPatterns.h"
+#include "Platform/Embedded/Runtime/AttributeEdit.h"
+#include "Platform/Embedded/Runtime/Cook.h"
+#include "Platform/Support/OnceBuilt.h"
+
+#include <utility>
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+using OvAttribute::GroupAttribute;
+using OvAttribute::Embedded::asGroup;
+using OvAttribute::Embedded::GroupValue;
+
+namespace {
+
+enum class Mode { Replace, Merge, IfMissing };
+
+class SetAttributesOp final : public OpBody {
+public:
+    SetAttributesOp(PathPatterns paths, GroupAttribute values, Mode mode)
+        : paths_(std::move(paths)), values_(std::move(values)), mode_(mode) {}
+
+    void cook(Cook& cook, LocationWriter& out) const override {
+        const Location input = cook.input(0);
+        if (!input.exists() || cook.path().empty() || !paths_.matches(cook.path())) {
+            return out.pass(input);
+        }
+        AttributeEdit attributes(input);
+        const GroupValue& values = *asGroup(values_.handle());
+        for (std::int64_t i = 0; i < values.size(); ++i) {
+            set(attributes, values.shape->name(i), values[i], out);
+        }
+        out.setAttributes(attributes.write(out));
+        out.setChildrenOf(input);
+    }
+
+private:
+    void set(AttributeEdit& attributes,
+             std::string_view name,
+             LocationWriter::Value* value,
+             LocationWriter& out) const {
+        LocationWriter::Value* const present = attributes.find(name);
+        if (mode_ == Mode::IfMissing && present) {
+            return;
+        }
+        GroupValue* const over = asGroup(value);
+        const GroupValue* const under = asGroup(present);
+        const bool isMerged = mode_ == Mode::Merge && over && under;
+        attributes.set(name, isMerged ? mergeUnder(*over, *under, out) : value);
+    }
+
+    PathPatterns paths_;
+    GroupAttribute values_;
+    Mode mode_;
+};
+
+class SetAttributesOpType final : public OpType {
+public:
+    const OpSchema& schema() const override { return schema_; }
+
+    std::unique_ptr<const OpBody> make(const GroupAttribute& group,
+                                       std::size_t /*inputCount*/,
+                                       const std::string& /*place*/) const override {
+        const Arguments arguments(schema_, group);
+        arguments.require("paths");
+        arguments.require("values");
+        const auto mode =
+            static_cast<Mode>(arguments.getChoice("mode", {"replace", "merge", "ifMissing"}));
+        return std::make_unique<SetAttributesOp>(
+            PathPatterns(arguments.getStrings("paths")), arguments.getGroup("values"), mode);
+    }
+
+private:
+    const OpSchema schema_ = {
+        "setAttributes",
+        "Sets attributes of the locations that its patterns match.",
+        1,
+        1,
+        {
+            {"paths", "strings", "", "Patterns for the paths of the locations."},
+            {"values", "group", "", "The attributes, by name."},
+            {"mode",
+             "string",
+             "replace",
+             "\"replace\": in place of what is there; \"merge\": groups are merged with those that "
+             "are there; \"ifMissing\": only where there is none."},
+        },
+    };
+};
+
+}  // namespace
+
+const OpType& setAttributesOpType() {
+    static Support::OnceBuilt<SetAttributesOpType> type;
+    return type.get();
+}
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "Platform/Embedded/Attributes/Values/NameList.h"
+#include "Platform/Embedded/Runtime/Location.h"
+#include "Platform/Embedded/Runtime/LocationWriter.h"
+
+#include <boost/container/small_vector.hpp>
+
+#include <string_view>
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+/// The attributes of a location while an op changes some: a later value of a name replaces the
+/// earlier one in its place. Borrows all values. Belongs to one thread.
+class AttributeEdit {
+public:
+    using Value = OvAttribute::Embedded::Value;
+    using GroupValue = OvAttribute::Embedded::GroupValue;
+
+    AttributeEdit() = default;
+
+    /// Begins with the attributes of a location; with none when it is absent.
+    explicit AttributeEdit(const Location& location);
+
+    /// Begins with the children of a group.
+    explicit AttributeEdit(const GroupValue& group);
+
+    void set(std::string_view name, Value* value);
+
+    /// Null when there is none of that name, or when it is null.
+    Value* find(std::string_view name) const;
+    bool has(std::string_view name) const;
+
+    /// The group of all of them.
+    GroupValue* write(LocationWriter& out, bool inherits = false) const;
+
+private:
+    OvAttribute::Embedded::NameList names_;
+    boost::container::small_vector<Value*, 24> values_;
+};
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "Platform/Embedded/Runtime/InternedOp.h"
+#include "Platform/Embedded/Runtime/Location.h"
+#include "Platform/Embedded/Runtime/LocationWriter.h"
+#include "Platform/Embedded/Runtime/Node.h"
+#include "Platform/Embedded/Runtime/Session.h"
+
+#include <cstddef>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+/// One location while its op cooks it: what the op may ask, and where it writes.
+class Cook {
+public:
+    Cook(Session& session, InternedOp& op, std::string_view path)
+        : session_(session), op_(op), path_(path) {}
+    Cook(const Cook&) = delete;
+    Cook& operator=(const Cook&) = delete;
+
+    /// "" for what is above the top locations.
+    std::string_view path() const { return path_; }
+
+    std::size_t inputCount() const { return op_.inputs().size(); }
+
+    /// The location of an input at this path; absent when there is no such input.
+    Location input(std::size_t index) { return input(index, path_); }
+
+    /// The same at any path. Throws `OpError` when that location needs this one.
+    Location input(std::size_t index, std::string_view path);
+
+    /// The location of an op of the op's own.
+    Location read(InternedOp& op, std::string_view path);
+
+    /// What was read at other paths, or of other ops than the inputs. Borrowed.
+    const std::vector<ForeignRead>& foreignReads() const { return reads_; }
+
+private:
+    Session& session_;
+    InternedOp& op_;
+    std::string_view path_;
+    std::vector<ForeignRead> reads_;
+    std::deque<std::string> readPaths_;
+};
+
+/// The location of an op at a path, cooked if need be, and with it the locations above. Throws what
+/// a cook throws that is no fault of the op (`std::bad_alloc`), and `OpError` where it would wait
+/// for itself.
+Location cookLocation(Session& session, InternedOp& op, std::string_view path);
+
+/// The location when it was cooked before, its absence included; false when it was not. Neither
+/// cooks nor waits.
+bool findCooked(Session& session, InternedOp& op, std::string_view path, Location& location);
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded

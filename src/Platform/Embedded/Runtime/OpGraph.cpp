@@ -1,0 +1,313 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/Embedded/Runtime/OpGraph.h"
+
+#include <SylvarPlatform/DataAttribute.h>
+#include <SylvarPlatform/GroupBuilder.h>
+#include <SylvarPlatform/SampleAccessor.h>
+
+#include "Platform/Embedded/Attributes/Values/Hashing.h"
+#include "Platform/Embedded/Ops/Arguments.h"
+#include "Platform/Embedded/Ops/PassingOps.h"
+#include "Platform/Embedded/Ops/SceneOp.h"
+#include "Platform/Embedded/Runtime/Interner.h"
+#include "Platform/Embedded/Runtime/OpTypeTable.h"
+#include "Platform/Embedded/Runtime/RuntimeLog.h"
+
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+using OvAttribute::castAttribute;
+using OvAttribute::GroupAttribute;
+using OvAttribute::GroupBuilder;
+using OvAttribute::Hash;
+using OvAttribute::IntAttribute;
+using OvAttribute::StringAttribute;
+
+namespace {
+
+/// Arguments that are about the op, and not for it.
+constexpr const char* kEnabled = "enabled";
+constexpr const char* kNote = "note";
+
+GroupAttribute argumentsForType(const GroupAttribute& arguments) {
+    if (!arguments) {
+        return arguments;
+    }
+    GroupBuilder builder(GroupBuilder::Mode::Flat);
+    return builder.update(arguments).remove(kEnabled).remove(kNote).build();
+}
+
+/// Where errors of the whole op show.
+std::string placeOfErrors(const GroupAttribute& arguments) {
+    for (const char* const name : {"at", "path"}) {
+        const std::string path = arguments.getChild<StringAttribute>(name).getValue("");
+        if (path.size() > 1 && path.front() == '/') {
+            return path;
+        }
+    }
+    return "/root";
+}
+
+std::vector<std::string> kindsOf(const GroupAttribute& arguments) {
+    std::vector<std::string> kinds;
+    for (std::int64_t i = 0; i < arguments.getNumberOfChildren(); ++i) {
+        kinds.emplace_back(kindName(arguments.getChildByIndex(i).getType()));
+    }
+    return kinds;
+}
+
+/// The bytes that tell one op from another.
+class Identity {
+public:
+    void add(std::string_view text) {
+        const std::uint64_t length = text.size();
+        addBytes(&length, sizeof length);
+        bytes_.append(text);
+    }
+    void add(const Hash& hash) {
+        const std::uint64_t words[] = {hash.word(0), hash.word(1)};
+        addBytes(words, sizeof words);
+    }
+    Hash hash() const {
+        return Hash(OvAttribute::Embedded::digestOf(bytes_.data(), bytes_.size()));
+    }
+
+private:
+    void addBytes(const void* bytes, std::size_t size) {
+        bytes_.append(static_cast<const char*>(bytes), size);
+    }
+
+    std::string bytes_;
+};
+
+/// Interns a list of ops, each after its inputs, with a stack of its own.
+class Interning {
+public:
+    Interning(const std::vector<OpSpec>& specs, const std::string& origin)
+        : specs_(specs), origin_(origin), states_(specs.size()), ops_(specs.size()) {}
+
+    std::vector<std::shared_ptr<InternedOp>> run() {
+        for (std::size_t i = 0; i < specs_.size(); ++i) {
+            visit(i);
+        }
+        return std::move(ops_);
+    }
+
+private:
+    enum class Phase { Untouched, Open, Done };
+    struct State {
+        Phase phase = Phase::Untouched;
+        std::size_t nextInput = 0;
+        InternedOp::Inputs inputs;
+        std::string fault;
+    };
+
+    void visit(std::size_t first) {
+        std::vector<std::size_t> stack;
+        open(first, stack);
+        while (!stack.empty()) {
+            const std::size_t place = stack.back();
+            if (states_[place].nextInput == specs_[place].inputs.size()) {
+                stack.pop_back();
+                close(place);
+            } else {
+                takeInput(place, stack);
+            }
+        }
+    }
+
+    void open(std::size_t place, std::vector<std::size_t>& stack) {
+        if (states_[place].phase == Phase::Untouched) {
+            states_[place].phase = Phase::Open;
+            stack.push_back(place);
+        }
+    }
+
+    /// Takes the next input when it is there already; otherwise opens it, to come back.
+    void takeInput(std::size_t place, std::vector<std::size_t>& stack) {
+        State& state = states_[place];
+        const std::size_t input = specs_[place].inputs[state.nextInput];
+        if (input != OpSpec::kNoInput && states_[input].phase == Phase::Untouched) {
+            return open(input, stack);
+        }
+        ++state.nextInput;
+        if (input == OpSpec::kNoInput) {
+            warnOfMissingInput(place, state.nextInput);
+            state.inputs.push_back(emptyOp());
+        } else if (states_[input].phase == Phase::Open) {
+            state.fault = "cycle: the op is an input of itself, by " + placeOf(input);
+            state.inputs.push_back(emptyOp());
+        } else {
+            state.inputs.push_back(ops_[input]);
+        }
+    }
+
+    void close(std::size_t place) {
+        State& state = states_[place];
+        state.phase = Phase::Done;
+        const OpSpec& spec = specs_[place];
+        const bool isEnabled = spec.arguments.getChild<IntAttribute>(kEnabled).getValue(1) != 0;
+        const bool isPassing = (spec.type.empty() || !isEnabled) && state.fault.empty();
+        ops_[place] = isPassing ? firstOf(state.inputs) : make(place, std::move(state));
+    }
+
+    static std::shared_ptr<InternedOp> firstOf(const InternedOp::Inputs& inputs) {
+        return inputs.empty() ? emptyOp() : inputs.front();
+    }
+
+    std::shared_ptr<InternedOp> make(std::size_t place, State state) {
+        const OpSpec& spec = specs_[place];
+        const GroupAttribute arguments = argumentsForType(spec.arguments);
+        const auto [type, typeIndex] = OpTypeTable::instance().find(spec.type);
+
+        Identity identity;
+        identity.add(spec.type);
+        identity.add(arguments.getHash());
+        identity.add(state.fault);
+        identity.add(type ? type->identity(arguments) : std::string());
+        for (const std::shared_ptr<InternedOp>& input : state.inputs) {
+            identity.add(input->hash());
+        }
+        if (std::shared_ptr<InternedOp> present = Interner::instance().find(identity.hash())) {
+            return present;
+        }
+        InternedOp::Parts parts;
+        parts.typeName = spec.type.empty() ? "op" : spec.type;
+        parts.typeIndex = typeIndex;
+        parts.place = placeOf(place);
+        parts.at = placeOfErrors(arguments);
+        parts.argumentKinds = kindsOf(arguments);
+        parts.hash = identity.hash();
+        parts.body = makeBody(type, arguments, state, parts);
+        parts.inputs = std::move(state.inputs);
+        return Interner::instance().intern(std::move(parts));
+    }
+
+    std::unique_ptr<const OpBody> makeBody(const OpType* type,
+                                           const GroupAttribute& arguments,
+                                           const State& state,
+                                           const InternedOp::Parts& parts) {
+        try {
+            if (!state.fault.empty()) {
+                throw OpError(state.fault);
+            }
+            if (!type) {
+                throw OpError("there is no op type \"" + parts.typeName + "\"");
+            }
+            checkInputs(type->schema(), state.inputs.size());
+            return type->make(arguments, state.inputs.size(), parts.place);
+        } catch (const OpError& error) {
+            return makeFaultyOp(parts.at, error.what());
+        }
+    }
+
+    static void checkInputs(const OpSchema& schema, std::size_t count) {
+        const auto have = static_cast<std::int64_t>(count);
+        if (have < schema.fewestInputs) {
+            throw OpError("has " + std::to_string(have) + " inputs, and needs at least " +
+                          std::to_string(schema.fewestInputs));
+        }
+        if (have > schema.mostInputs) {
+            throw OpError("has " + std::to_string(have) + " inputs, and takes at most " +
+                          std::to_string(schema.mostInputs));
+        }
+    }
+
+    std::string placeOf(std::size_t place) const {
+        std::string text =
+            "op " + std::to_string(place + 1) + " of " + std::to_string(specs_.size());
+        if (!specs_[place].name.empty()) {
+            text += " \"" + specs_[place].name + "\"";
+        }
+        return origin_.empty() ? text : text + " in " + origin_;
+    }
+
+    void warnOfMissingInput(std::size_t place, std::size_t input) const {
+        OV_LOG(runtimeLogger(),
+               warn,
+               specs_[place].type << " (" << placeOf(place) << "): input " << input
+                                  << " is not there, and reads as an empty scene");
+    }
+
+    const std::vector<OpSpec>& specs_;
+    const std::string& origin_;
+    std::vector<State> states_;
+    std::vector<std::shared_ptr<InternedOp>> ops_;
+};
+
+}  // namespace
+
+std::vector<std::shared_ptr<InternedOp>> internOps(const std::vector<OpSpec>& specs,
+                                                   const std::string& origin) {
+    return Interning(specs, origin).run();
+}
+
+std::shared_ptr<InternedOp> emptyOp() {
+    Identity identity;
+    identity.add("");
+    if (std::shared_ptr<InternedOp> present = Interner::instance().find(identity.hash())) {
+        return present;
+    }
+    InternedOp::Parts parts;
+    parts.typeName = "op";
+    parts.at = "/root";
+    parts.hash = identity.hash();
+    parts.body = makeEmptyScene();
+    return Interner::instance().intern(std::move(parts));
+}
+
+std::shared_ptr<InternedOp> internStoredScene(GroupAttribute tree,
+                                              const std::string& identity,
+                                              const std::string& origin) {
+    Identity whole;
+    whole.add("stored scene");
+    whole.add(identity);
+    if (std::shared_ptr<InternedOp> present = Interner::instance().find(whole.hash())) {
+        return present;
+    }
+    InternedOp::Parts parts;
+    parts.typeName = "scene";
+    parts.typeIndex = OpTypeTable::instance().find(parts.typeName).second;
+    parts.place = origin;
+    parts.at = "/root";
+    parts.hash = whole.hash();
+    parts.body = makeScene(std::move(tree), parts.at);
+    return Interner::instance().intern(std::move(parts));
+}
+
+bool readOpTree(const GroupAttribute& tree, std::vector<OpSpec>& specs, std::string& fault) {
+    const std::int64_t count = tree.getNumberOfChildren();
+    if (count == 0) {
+        fault = "the op tree has no ops";
+        return false;
+    }
+    std::unordered_map<std::string_view, std::size_t> places;
+    for (std::int64_t i = 0; i < count; ++i) {
+        places.emplace(tree.getChildNameView(i), static_cast<std::size_t>(i));
+    }
+    specs.reserve(static_cast<std::size_t>(count));
+    for (std::int64_t i = 0; i < count; ++i) {
+        const auto child = castAttribute<GroupAttribute>(tree.getChildByIndex(i));
+        OpSpec spec;
+        spec.name = tree.getChildName(i);
+        if (!child) {
+            fault = "the op \"" + spec.name + "\" is no group";
+            return false;
+        }
+        spec.type = child.getChild<StringAttribute>("opType").getValue("");
+        spec.arguments = child.getChild<GroupAttribute>("opArgs");
+        const OvAttribute::SampleAccessor<StringAttribute> inputs(child.getChildByName("opInputs"),
+                                                                  0.0F);
+        for (const char* const name : inputs) {
+            const auto found = places.find(name);
+            spec.inputs.push_back(found == places.end() ? OpSpec::kNoInput : found->second);
+        }
+        specs.push_back(std::move(spec));
+    }
+    return true;
+}
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded

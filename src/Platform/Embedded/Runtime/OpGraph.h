@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <SylvarPlatform/GroupAttribute.h>
+
+#include "Platform/Embedded/Runtime/InternedOp.h"
+
+#include <cstddef>
+#include <limits>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+/// An op as a transaction or a file has it.
+struct OpSpec {
+    /// An input that is not there.
+    static constexpr std::size_t kNoInput = std::numeric_limits<std::size_t>::max();
+
+    std::string name;  ///< As the op tree calls it; can be empty.
+    std::string type;
+    OvAttribute::GroupAttribute arguments;
+    std::vector<std::size_t> inputs;  ///< Places in the list of ops, or `kNoInput`.
+};
+
+/// Interns the ops, and returns one for each spec. `origin` is the file that they come from, for
+/// messages; empty for a transaction.
+///
+/// An op with an empty type, or that is not enabled, is its first input. An input that is not there
+/// is an empty scene, with a warning. An op of an unknown type, with wrong arguments, or that is an
+/// input of itself, passes its first input through, with an error at its place in the scene.
+std::vector<std::shared_ptr<InternedOp>> internOps(const std::vector<OpSpec>& specs,
+                                                   const std::string& origin);
+
+/// The op of an empty scene.
+std::shared_ptr<InternedOp> emptyOp();
+
+/// The op of a stored scene with its top at /root, known by an identity of its own, so that its
+/// content need not be hashed. `origin` is the file that it comes from.
+std::shared_ptr<InternedOp> internStoredScene(OvAttribute::GroupAttribute tree,
+                                              const std::string& identity,
+                                              const std::string& origin);
+
+/// The ops of an op tree group, in its order; the last one is the terminal op. False, and why, when
+/// it is none: a child that is no group, or no child at all.
+bool readOpTree(const OvAttribute::GroupAttribute& tree,
+                std::vector<OpSpec>& specs,
+                std::string& fault);
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded
