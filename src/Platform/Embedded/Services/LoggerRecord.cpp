@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Services/LoggerRecord.h"
 
+#include "Platform/Embedded/Attributes/Forms/TextEscape.h"
 #include "Platform/Support/Mutex.h"
 #include "Platform/Support/OnceBuilt.h"
 
@@ -16,6 +17,7 @@ namespace OvLoggingHost {
 namespace {
 
 namespace Support = Sylvar3::internal::Support;
+namespace TextEscape = Sylvar3::internal::OvAttribute::Embedded::TextEscape;
 using Embedded::LoggerRecord;
 using Support::MutexLock;
 
@@ -42,7 +44,7 @@ public:
 private:
     LoggerRecord* make(const std::string& name) OV_REQUIRES(mutex_) {
         void* const place = ::operator new(sizeof(LoggerRecord) + name.size() + 1);
-        auto* const record = ::new (place) LoggerRecord(name, errorStream_, firstLevel_);
+        auto* const record = ::new (place) LoggerRecord(TextEscape::escaped(name), errorStream_, firstLevel_);
         std::memcpy(static_cast<void*>(record + 1), name.c_str(), name.size() + 1);
         return record;
     }

@@ -13,8 +13,9 @@ namespace OvLoggingHost::Embedded {
 /// What is behind a logger's name. Its name stands directly behind it in memory, so that the name
 /// leads here without a look-up.
 struct LoggerRecord {
-    LoggerRecord(std::string name, spdlog::sink_ptr sink, LogLevel firstLevel)
-        : level(firstLevel), logger(std::move(name), std::move(sink)) {
+    /// `shownName` is what the standard error stream shows.
+    LoggerRecord(std::string shownName, spdlog::sink_ptr sink, LogLevel firstLevel)
+        : level(firstLevel), logger(std::move(shownName), std::move(sink)) {
         logger.set_level(spdlog::level::trace);  // the level is asked above
     }
 
