@@ -42,7 +42,9 @@ TEST(Configuration, GivesBackWhatWasSet) {
 
 TEST(Configuration, KnowsAKeyThatIsSetToNothing) {
     Configuration settings;
+    EXPECT_EQ(std::nullopt, settings.find("A"));
     settings.set("A", "");
+    EXPECT_EQ("", settings.find("A"));
     EXPECT_TRUE(settings.has("A"));
     EXPECT_EQ("", settings.get("A"));
 }

@@ -34,4 +34,9 @@ struct LoggerRecord {
 /// The record of that name, made when there is none; never destroyed.
 LoggerRecord& recordOf(const std::string& name);
 
+/// What a logger of that name does, for callers that keep none. A level below all that are set
+/// costs one read of an atomic number, any other a look-up under a lock; asking makes no record.
+bool isEnabledByName(const char* name, LogLevel level);
+void logByName(const char* name, LogLevel level, const char* message, const char* file, int line);
+
 }  // namespace OvLoggingHost::Embedded

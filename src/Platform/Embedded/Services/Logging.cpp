@@ -83,6 +83,16 @@ void log(const char* name, LogLevel level, const char* message, const char* file
 
 }  // namespace
 
+void Embedded::logByName(const char* name,
+                         LogLevel level,
+                         const char* message,
+                         const char* file,
+                         int line) {
+    if (isEnabledByName(name, level)) {
+        log(recordOf(name).name(), level, message, file, line);
+    }
+}
+
 OvLoggerGlue::OvLoggerGlue(const char* name) : name_(Embedded::recordOf(name ? name : "").name()) {}
 
 bool OvLoggerGlue::errorEnabled() const {
