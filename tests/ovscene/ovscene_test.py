@@ -459,7 +459,7 @@ class Import(OvsceneCase):
         program = shutil.copy(OVSCENE, self.folder / "bin")
         message = self.fails(7, "import", "box.obj", "box.optree", "--plugin-path", "one:two",
                              program=program, OVSCENE_PLUGIN_PATH="/three")
-        self.assertIn("no importer plug-in AssimpImport.so; searched one, two, /three, ", message)
+        self.assertIn("no importer plug-in; searched one, two, /three, ", message)
         self.assertIn("OvSylvarProducers/plugins", message)
 
     def test_the_environment_names_the_plugins(self):
@@ -469,15 +469,29 @@ class Import(OvsceneCase):
                             OVSCENE_PLUGIN_PATH=PLUGINS)
         self.assertEqual((0, b""), (done.returncode, done.stderr))
 
-    def test_a_plugin_that_is_none(self):
-        for name, data, expected in (("noise", b"noise", "cannot be loaded"),
-                                     ("program", None, "AssimpImport.so")):
+    def test_a_plugin_that_is_none_is_told_when_there_is_no_other(self):
+        (self.folder / "bin").mkdir(exist_ok=True)
+        program = shutil.copy(OVSCENE, self.folder / "bin")
+        for name, data in (("noise", b"noise"), ("program", None)):
             with self.subTest(name):
                 plugin = self.folder / name / "AssimpImport.so"
                 plugin.parent.mkdir()
                 plugin.write_bytes(data) if data else shutil.copy(OVSCENE, plugin)
-                self.assertIn(expected, self.fails(7, "import", "box.obj", "box.optree",
-                                                   "--plugin-path", str(plugin.parent)))
+                message = self.fails(7, "import", "box.obj", "box.optree", "--plugin-path", name,
+                                     program=program)
+                self.assertRegex(message, rf"; searched {name}, [^;]+; {name}/AssimpImport\.so: \w")
+
+    def test_a_plugin_that_is_none_is_passed_over_with_a_warning(self):
+        (self.folder / "passed").mkdir()
+        (self.folder / "passed" / "AssimpImport.so").write_bytes(b"noise")
+        done = self.run_raw("import", "box.obj", "passed.optree", "--plugin-path", "passed")
+        self.assertEqual(0, done.returncode)
+        self.assertRegex(done.stderr, rb"\A[^\n]+ warning ovscene: passed/AssimpImport\.so: [^\n]+\n\Z")
+
+    def test_a_second_plugin_of_a_name_is_no_warning(self):
+        (self.folder / "copy").mkdir()
+        shutil.copy(pathlib.Path(PLUGINS) / "AssimpImport.so", self.folder / "copy")
+        self.ok("import", "box.obj", "copied.optree", "--plugin-path", "copy")
 
     def test_an_interrupted_import_leaves_no_file(self):
         os.mkfifo(self.folder / "endless.obj")  # nobody writes to it: the program waits

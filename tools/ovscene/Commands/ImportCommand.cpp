@@ -2,6 +2,7 @@
 #include "Commands/Commands.h"
 #include "Commands/ImporterPlugin.h"
 #include "Commands/OptionChecks.h"
+#include "Commands/PluginFolders.h"
 #include "ExitStatus.h"
 #include "Print/NumberText.h"
 #include "Print/SafeText.h"
@@ -13,6 +14,8 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace ovscene {
 namespace {
@@ -77,12 +80,18 @@ std::int64_t countLocations(const SceneFile& scene) {
     return count;
 }
 
+const OvAssetImporter& findImporter(const ImportOptions& options) {
+    std::vector<std::string> folders;
+    appendFolders(folders, options.pluginPath);
+    searchPlugins(std::move(folders));
+    return findAssetImporter(options.asset);
+}
+
 void runImport(const ImportOptions& options, Output& output) {
     static_cast<void>(InputFile(options.asset));  // throws when it is unreadable
     requireWritablePlace(options.output);
-    SceneFile scene{options.asset,
-                    importScene(loadAssetImporter(options.pluginPath), options),
-                    AttributeContent::StaticScene};
+    SceneFile scene{
+        options.asset, importScene(findImporter(options), options), AttributeContent::StaticScene};
     const std::int64_t locations = countLocations(scene);
     const std::int64_t bytes = writeSceneFile(scene.attribute, scene.content, options.output);
     if (!isOrdinaryFile(options.output)) {
@@ -138,12 +147,13 @@ void addImportCommand(CLI::App& app, Output& output) {
     command
         ->add_option("--plugin-path",
                      options->pluginPath,
-                     "Folders to look for AssimpImport.so in, with colons between them")
+                     "Folders to look for plug-ins in, with colons between\nthem")
         ->option_text("FOLDERS");
     command->footer(
-        "Axis and scale are as the asset says unless they are given. The importer plug-in is\n"
+        "Axis and scale are as the asset says unless they are given. An importer plug-in is\n"
         "looked for in --plugin-path, in the folders of OVSCENE_PLUGIN_PATH, and in the plug-ins\n"
-        "folder that this program was installed with.\n\n"
+        "folder that this program was installed with; the first one that takes the asset's\n"
+        "extension is used.\n\n"
         "Examples:\n"
         "  ovscene import chair.glb chair.optree\n"
         "  ovscene import scan.ply scan.optree.json --up-axis z --unit-scale 0.01");
