@@ -80,18 +80,20 @@ std::int64_t countLocations(const SceneFile& scene) {
     return count;
 }
 
-const OvAssetImporter& findImporter(const ImportOptions& options) {
+const OvAssetImporter& findImporter(const ImportOptions& options, const ServiceOptions& services) {
     std::vector<std::string> folders;
     appendFolders(folders, options.pluginPath);
+    folders.insert(folders.end(), services.plugins.begin(), services.plugins.end());
     searchPlugins(std::move(folders));
     return findAssetImporter(options.asset);
 }
 
-void runImport(const ImportOptions& options, Output& output) {
+void runImport(const ImportOptions& options, const ServiceOptions& services, Output& output) {
     static_cast<void>(InputFile(options.asset));  // throws when it is unreadable
     requireWritablePlace(options.output);
-    SceneFile scene{
-        options.asset, importScene(findImporter(options), options), AttributeContent::StaticScene};
+    SceneFile scene{options.asset,
+                    importScene(findImporter(options, services), options),
+                    AttributeContent::StaticScene};
     const std::int64_t locations = countLocations(scene);
     const std::int64_t bytes = writeSceneFile(scene.attribute, scene.content, options.output);
     if (!isOrdinaryFile(options.output)) {
@@ -130,7 +132,7 @@ void addConversion(CLI::App& command, ImportOptions& options) {
 
 }  // namespace
 
-void addImportCommand(CLI::App& app, Output& output) {
+void addImportCommand(CLI::App& app, Output& output, const ServiceOptions& services) {
     const auto options = std::make_shared<ImportOptions>();
     CLI::App* command = app.add_subcommand("import", "Turns an asset file into a static scene");
     command->add_option("ASSET", options->asset, "The asset: obj, gltf, glb, fbx, dae, ply, ...")
@@ -151,13 +153,13 @@ void addImportCommand(CLI::App& app, Output& output) {
         ->option_text("FOLDERS");
     command->footer(
         "Axis and scale are as the asset says unless they are given. An importer plug-in is\n"
-        "looked for in --plugin-path, in the folders of OVSCENE_PLUGIN_PATH, and in the plug-ins\n"
-        "folder that this program was installed with; the first one that takes the asset's\n"
-        "extension is used.\n\n"
+        "looked for in --plugin-path, in --plugins, in the folders of OVSCENE_PLUGIN_PATH, and in\n"
+        "the plug-ins folder that this program was installed with; the first one that takes the\n"
+        "asset's extension is used.\n\n"
         "Examples:\n"
         "  ovscene import chair.glb chair.optree\n"
         "  ovscene import scan.ply scan.optree.json --up-axis z --unit-scale 0.01");
-    command->callback([options, &output] { runImport(*options, output); });
+    command->callback([options, &services, &output] { runImport(*options, services, output); });
 }
 
 }  // namespace ovscene
