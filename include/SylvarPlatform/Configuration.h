@@ -4,6 +4,7 @@
 #include <SylvarPlatform/Export.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 /// The settings of the process, by key. Keys are names like "VARLIN_TILE_FILENAME", values texts.
@@ -23,6 +24,9 @@ public:
 
     /// The value; "" when the key is not set.
     std::string get(const std::string& key) const;
+
+    /// Both at once: the value, or nothing when the key is not set.
+    std::optional<std::string> find(const std::string& key) const;
 
     /// Sets a value, over one that is there.
     void set(const std::string& key, const std::string& value);

@@ -60,8 +60,12 @@ struct LogMessage {
 using LogSink = std::function<void(const LogMessage&)>;
 
 /// Sends messages to the sink instead of the standard error stream; an empty one brings the stream
-/// back. The sink is called by the thread that logs, by several at once; it may log itself. What
-/// it throws is dropped. A call of the sink before may still be running when this returns.
+/// back. The stream has one line for each message: control characters and bytes that are no UTF-8
+/// are written there as \xHH, and a backslash that would read as such an escape as \x5C. A sink is
+/// given the texts as they are.
+///
+/// The sink is called by the thread that logs, by several at once; it may log itself. What it
+/// throws is dropped. A call of the sink before may still be running when this returns.
 SYLVAR_PLATFORM_API void setLogSink(LogSink sink);
 
 }  // namespace OvLoggingHost

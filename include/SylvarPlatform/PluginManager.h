@@ -93,15 +93,4 @@ public:
     /// @}
 };
 
-/// What stands behind the entries for logging and configuration of `OvGetHostTable()`.
-struct HostServices {
-    decltype(OvHostTable::isLogEnabled) isLogEnabled = nullptr;          ///< Null: nothing is.
-    decltype(OvHostTable::log) log = nullptr;                            ///< Null: drops it.
-    decltype(OvHostTable::getConfiguration) getConfiguration = nullptr;  ///< Null: no key is set.
-};
-
-/// Sets them; the entries themselves stay what they are, and are never null. Null arguments do not
-/// reach these functions. Any thread.
-SYLVAR_PLATFORM_API void setHostServices(const HostServices& services);
-
 }  // namespace Sylvar3::internal::OvPluginManager

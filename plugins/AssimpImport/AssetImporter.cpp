@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/suites/AssetImporter.h>
+#include <SylvarPlatform/suites/Plugin.h>
 
 #include "AssetFormat.h"
 #include "ImportError.h"
@@ -64,11 +65,26 @@ const OvAssetImporter kImporter = {OV_ASSET_IMPORTER_VERSION,
                                    setDefaults,
                                    importAsset};
 
+OvPluginStruct plugin = {sizeof(OvPluginStruct),
+                         OV_PLUGIN_VERSION,
+                         "AssimpImport",
+                         OV_ASSET_IMPORTER_API_NAME,
+                         OV_ASSET_IMPORTER_VERSION,
+                         0,
+                         nullptr,
+                         []() -> const void* { return &kImporter; },
+                         nullptr};
+
 }  // namespace
 }  // namespace AssimpImport
 
-extern "C" __attribute__((visibility("default"))) const OvAssetImporter* OvGetAssetImporter();
+OV_PLUGIN_EXPORT std::int32_t OvGetPluginCount();
+OV_PLUGIN_EXPORT OvPluginStruct* OvGetPlugin(std::int32_t index);
 
-const OvAssetImporter* OvGetAssetImporter() {
-    return &AssimpImport::kImporter;
+std::int32_t OvGetPluginCount() {
+    return 1;
+}
+
+OvPluginStruct* OvGetPlugin(std::int32_t index) {
+    return index == 0 ? &AssimpImport::plugin : nullptr;
 }

@@ -3,7 +3,8 @@
 """Runs ovscene as its users do. OVSCENE_APPROVE=1 writes the golden files anew.
 
 The environment says where things are: OVSCENE, OVSCENE_TEST_SCENES, OVSCENE_TEST_PLUGINS (empty
-when no plug-ins were built) and OVSCENE_VERSION.
+when no plug-ins were built), OVSCENE_TEST_TELLING (the folder of TellingImporter.so) and
+OVSCENE_VERSION.
 """
 import json
 import os
@@ -21,6 +22,7 @@ import xml.etree.ElementTree
 
 OVSCENE = os.environ["OVSCENE"]
 PLUGINS = os.environ.get("OVSCENE_TEST_PLUGINS", "")
+TELLING = os.environ["OVSCENE_TEST_TELLING"]
 GOLDEN = pathlib.Path(__file__).resolve().parent / "golden"
 HOSTILE = "\\x1B[31mred\\xFF\\x0A\"<&>\\xC2\\x9B\\xE2\\x80\\xAE"
 
@@ -87,7 +89,8 @@ class General(OvsceneCase):
 
     def test_help_lists_commands_and_exit_statuses(self):
         text = self.ok("--help")
-        for expected in ("import", "tree", "attrs", "stats", "convert", "Exit statuses:",
+        for expected in ("import", "tree", "attrs", "stats", "convert", "--config FILE",
+                         "--set NAME=VALUE", "--log [NAME=]LEVEL", "--plugins DIR", "Exit statuses:",
                          "8  an asset cannot be imported"):
             self.assertIn(expected, text)
 
@@ -459,7 +462,7 @@ class Import(OvsceneCase):
         program = shutil.copy(OVSCENE, self.folder / "bin")
         message = self.fails(7, "import", "box.obj", "box.optree", "--plugin-path", "one:two",
                              program=program, OVSCENE_PLUGIN_PATH="/three")
-        self.assertIn("no importer plug-in AssimpImport.so; searched one, two, /three, ", message)
+        self.assertIn("no importer plug-in; searched one, two, /three, ", message)
         self.assertIn("OvSylvarProducers/plugins", message)
 
     def test_the_environment_names_the_plugins(self):
@@ -469,15 +472,29 @@ class Import(OvsceneCase):
                             OVSCENE_PLUGIN_PATH=PLUGINS)
         self.assertEqual((0, b""), (done.returncode, done.stderr))
 
-    def test_a_plugin_that_is_none(self):
-        for name, data, expected in (("noise", b"noise", "cannot be loaded"),
-                                     ("program", None, "AssimpImport.so")):
+    def test_a_plugin_that_is_none_is_told_when_there_is_no_other(self):
+        (self.folder / "bin").mkdir(exist_ok=True)
+        program = shutil.copy(OVSCENE, self.folder / "bin")
+        for name, data in (("noise", b"noise"), ("program", None)):
             with self.subTest(name):
                 plugin = self.folder / name / "AssimpImport.so"
                 plugin.parent.mkdir()
                 plugin.write_bytes(data) if data else shutil.copy(OVSCENE, plugin)
-                self.assertIn(expected, self.fails(7, "import", "box.obj", "box.optree",
-                                                   "--plugin-path", str(plugin.parent)))
+                message = self.fails(7, "import", "box.obj", "box.optree", "--plugin-path", name,
+                                     program=program)
+                self.assertRegex(message, rf"; searched {name}, [^;]+; {name}/AssimpImport\.so: \w")
+
+    def test_a_plugin_that_is_none_is_passed_over_with_a_warning(self):
+        (self.folder / "passed").mkdir()
+        (self.folder / "passed" / "AssimpImport.so").write_bytes(b"noise")
+        done = self.run_raw("import", "box.obj", "passed.optree", "--plugin-path", "passed")
+        self.assertEqual(0, done.returncode)
+        self.assertRegex(done.stderr, rb"\A[^\n]+ warning ovscene: passed/AssimpImport\.so: [^\n]+\n\Z")
+
+    def test_a_second_plugin_of_a_name_is_no_warning(self):
+        (self.folder / "copy").mkdir()
+        shutil.copy(pathlib.Path(PLUGINS) / "AssimpImport.so", self.folder / "copy")
+        self.ok("import", "box.obj", "copied.optree", "--plugin-path", "copy")
 
     def test_an_interrupted_import_leaves_no_file(self):
         os.mkfifo(self.folder / "endless.obj")  # nobody writes to it: the program waits
@@ -487,6 +504,127 @@ class Import(OvsceneCase):
         process.send_signal(signal.SIGINT)
         self.assertEqual(-signal.SIGINT, process.wait(timeout=60))
         self.assertFalse((self.folder / "none.optree").exists())
+
+
+class Services(OvsceneCase):
+    """What the global options give to the services of the process, as a plug-in sees it there."""
+
+    def setUp(self):
+        (self.folder / "some.told").write_text("an asset")
+        (self.folder / "stats").write_text("a name like that of a command")
+
+    def told(self, *arguments):
+        """Each "level logger: message (place)" that an import logged, and the word that it read."""
+        done = self.run_raw("import", "some.told", "none.optree", "--plugins", TELLING, *arguments)
+        self.assertEqual(8, done.returncode, done.stderr)
+        *logged, failure = done.stderr.decode("utf-8").splitlines()
+        word = re.fullmatch("ovscene: some.told: the word is '(.*)'", failure)[1]
+        return [line.split(" ", 2)[2] for line in logged], word
+
+    def levels(self, logger, *arguments):
+        return [line.split(" ")[0] for line in self.told(*arguments)[0] if f" {logger}: " in line]
+
+    def test_a_setting_reaches_a_plugin(self):
+        self.assertEqual("not set", self.told()[1])
+        for argument, expected in (("a.word=x=y", "x=y"), ("a.word=", ""), ("a.word=[a,b]", "[a,b]")):
+            with self.subTest(argument):
+                self.assertEqual(expected, self.told("--set", argument)[1])
+        self.assertEqual("2", self.told("--set", "a.word=1", "--set", "b=3", "--set", "a.word=2")[1])
+
+    def test_a_file_of_settings_reaches_a_plugin(self):
+        (self.folder / "settings.json").write_text('{"a": {"word": "of the file"}}')
+        self.assertEqual("of the file", self.told("--config", "settings.json")[1])
+
+    def test_a_setting_goes_over_that_of_the_file_wherever_it_stands(self):
+        (self.folder / "settings.json").write_text('{"a": {"word": "of the file"}}')
+        for arguments in (("--set", "a.word=own", "--config", "settings.json"),
+                          ("--config", "settings.json", "--set", "a.word=own")):
+            with self.subTest(arguments):
+                self.assertEqual("own", self.told(*arguments)[1])
+
+    def test_messages_show_from_info_on(self):
+        logged = self.told()[0]
+        self.assertEqual("info Telling: an info (Telling\\x1B.c:1)", logged[0])
+        self.assertEqual(["info", "warning", "error"] * 2, [line.split(" ")[0] for line in logged])
+
+    def test_levels_for_all_and_for_one(self):
+        everything = ["debug", "info", "warning", "error"]
+        for arguments, telling, other in (
+                (("--log", "debug"), everything, everything),
+                (("--log", "off"), [], []),
+                (("--log", "Telling=debug", "--log", "error"), everything, ["error"]),
+                (("--log", "error", "--log", "Other=Telling=warn"), ["error"], ["warning", "error"]),
+                (("--log", "off", "--log", "info"), everything[1:], everything[1:])):
+            with self.subTest(arguments):
+                self.assertEqual(telling, self.levels("Telling", *arguments))
+                self.assertEqual(other, self.levels("Other=Telling", *arguments))
+
+    def test_the_options_may_stand_before_the_command(self):
+        for arguments in (("--plugins", TELLING, "--set", "a.word=x", "--log", "off", "import"),
+                          ("--plugins=" + TELLING, "--set=a.word=x", "--log=off", "import")):
+            with self.subTest(arguments):
+                self.assertEqual("some.told: the word is 'x'",
+                                 self.fails(8, *arguments, "some.told", "none.optree"))
+
+    def test_every_command_takes_them(self):
+        for command in (("tree", "small.optree"), ("attrs", "small.optree"),
+                        ("convert", "small.optree", "same.optree")):
+            with self.subTest(command):
+                self.assertEqual(self.ok(*command),
+                                 self.ok(*command, "--set", "a=b", "--log", "A=debug",
+                                         "--plugins", TELLING))
+
+    def test_a_file_may_be_named_like_a_command(self):
+        self.assertIn("stats: ", self.fails(4, "tree", "stats", "--log", "off"))
+        self.assertIn("stats: ", self.fails(4, "attrs", "stats", "tree"))
+
+    def test_wrong_ones_are_told(self):
+        for arguments, expected in (
+                (("--log", "loud"), "--log: 'loud' is no LEVEL or NAME=LEVEL; levels are debug, info"),
+                (("--log", "A=loud"), "--log: 'A=loud' is no LEVEL"),
+                (("--log", "=info"), "--log: '=info' is no LEVEL"),
+                (("--log", ""), "--log: '' is no LEVEL"),
+                (("--set", "word"), "--set: 'word' is no NAME=VALUE"),
+                (("--set", "=word"), "--set: '=word' is no NAME=VALUE"),
+                (("--plugins", "gone"), "--plugins: 'gone' is no folder"),
+                (("--config", ""), "--config: '' is no file"),
+                (("--config", "a", "--config", "b"), "--config"), (("--set",), "--set")):
+            with self.subTest(arguments):
+                message = self.fails(2, "tree", "small.optree", *arguments)
+                self.assertIn(expected, message)
+                self.assertIn("--help')", message)
+
+    def test_a_bad_file_of_settings(self):
+        (self.folder / "bad.json").write_text('{"a": 1,\n "b": null}')
+        self.assertEqual('--config: Cannot open "gone": No such file or directory.',
+                         self.fails(3, "tree", "small.optree", "--config", "gone"))
+        self.assertIn("Is a directory", self.fails(3, "tree", "small.optree", "--config", "."))
+        self.assertIn('--config: "bad.json": line 2, column 7: ',
+                      self.fails(4, "tree", "small.optree", "--config", "bad.json"))
+
+    def test_an_importer_is_taken_by_the_extension_and_otherwise_the_first(self):
+        (self.folder / "some.unknown").write_text("an asset")
+        (self.folder / "some.TOLD").write_text("an asset")
+        for asset in ("some.unknown", "some.TOLD"):
+            with self.subTest(asset):
+                self.assertIn("the word is", self.fails(8, "--log", "off", "--plugins", TELLING,
+                                                        "import", asset, "none.optree"))
+
+    @unittest.skipUnless(PLUGINS, "no plug-ins were built")
+    def test_an_importer_of_another_extension_is_passed_over(self):
+        (self.folder / "box.obj").write_text(OBJ)
+        self.ok("import", "box.obj", "box.optree", "--plugins", TELLING)
+        self.assertIn("the word is", self.fails(8, "--log", "off", "--plugins", PLUGINS, "--plugins",
+                                                TELLING, "import", "some.told", "none.optree"))
+
+    def test_the_folders_are_searched_in_order_before_the_environments(self):
+        for name in ("first", "second", "third"):
+            (self.folder / name).mkdir()
+        message = self.fails(
+            7, "import", "some.told", "none.optree", "--plugin-path", "first", "--plugins", "second",
+            "--plugins", "third", program=shutil.copy(OVSCENE, self.folder / "first"),
+            OVSCENE_PLUGIN_PATH="fourth")
+        self.assertIn("searched first, second, third, fourth, ", message)
 
 
 class Terminal(OvsceneCase):

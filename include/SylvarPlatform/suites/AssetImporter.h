@@ -11,12 +11,13 @@ extern "C" {
 #endif
 
 /*
- * The plain entry of an importer plug-in: turns an asset file into a static scene. The plug-in
- * makes attributes through the suite that it is given, and links nothing of ours.
+ * The function table of an importer, a plug-in (Plugin.h) of the API and version below: turns an
+ * asset file into a static scene. It makes attributes through the suite that it is given, and links
+ * nothing of ours.
  */
 
+#define OV_ASSET_IMPORTER_API_NAME "SylvarAssetImporter"
 #define OV_ASSET_IMPORTER_VERSION 1
-#define OV_ASSET_IMPORTER_SYMBOL "OvGetAssetImporter"
 
 typedef struct OvAssetImportOptions {
     /* 'x', 'y' or 'z': the axis of the file that points up; it is turned to y. 0: as the file
@@ -64,9 +65,6 @@ typedef struct OvAssetImporter {
                            void* progressContext,
                            OvAssetImportResult* result);
 } OvAssetImporter;
-
-/* The symbol that the plug-in exports. The table lives as long as the process. */
-typedef const OvAssetImporter* (*OvGetAssetImporterFunction)(void);
 
 #ifdef __cplusplus
 }

@@ -27,7 +27,7 @@ extern "C" {
 #define OV_ATTRIBUTE_SUITE_NAME "Attribute"
 #define OV_ATTRIBUTE_SUITE_VERSION 1
 
-/* How grave a message is. */
+/* How grave a message is; any other number counts as the nearest of these. */
 enum { OV_LOG_DEBUG = 0, OV_LOG_INFO = 1, OV_LOG_WARN = 2, OV_LOG_ERROR = 3 };
 
 /* What registerHostSuite returns. */
@@ -44,8 +44,8 @@ typedef struct OvHostTable {
     /* The function table of that name and version; null when there is none. Null name: null. */
     const void* (*findSuite)(const char* name, uint32_t version);
 
-    /* 1 when a message of that level (above) to that logger would go anywhere; cheap. Null
-       logger: 0. */
+    /* 1 when a message of that level (above) to the logger of that name would go anywhere; cheap.
+       Null logger: 0. */
     int32_t (*isLogEnabled)(const char* logger, int32_t level);
 
     /* Logs a message, with the place that it comes from; `file` may be null. Ask isLogEnabled
@@ -57,8 +57,8 @@ typedef struct OvHostTable {
                 int32_t line);
 
     /* Writes the value of a configuration key into `buffer`, cut to `bufferSize` with its NUL, and
-       returns the length of the whole value without a NUL; -1 when the key is not set. A buffer of
-       size 0 may be null. Null key: -1. */
+       returns the length of the whole value without a NUL; -1, and the buffer as it was, when the
+       key is not set. A null buffer, or one of size 0, takes nothing. Null key: -1. */
     int64_t (*getConfiguration)(const char* key, char* buffer, size_t bufferSize);
 
     void (*reserved6)(void);

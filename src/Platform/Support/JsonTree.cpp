@@ -36,6 +36,16 @@ std::size_t beginOf(std::string_view text, const JsonNode& node) {
     }
 }
 
+/// Whether half of a surrogate pair, which is no character, is in a text. The parser refuses the
+/// first half by itself, and lets the escape of a second half by itself pass.
+bool holdsSurrogate(std::string_view text) {
+    std::size_t at = text.find('\xED');
+    while (at != std::string_view::npos && (text[at + 1] & 0x20) == 0) {
+        at = text.find('\xED', at + 1);
+    }
+    return at != std::string_view::npos;
+}
+
 /// Builds the tree from the parser's events.
 // NOLINTBEGIN(readability-identifier-naming)
 class TreeBuilder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, TreeBuilder> {
@@ -52,17 +62,15 @@ public:
         return add(JsonNode::Kind::Number, {text, length});
     }
     bool String(const char* text, rapidjson::SizeType length, bool /*copy*/) {
-        return add(JsonNode::Kind::String, {text, length});
+        return isText({text, length}) && add(JsonNode::Kind::String, {text, length});
     }
     bool Key(const char* text, rapidjson::SizeType length, bool /*copy*/) {
         name_.assign(text, length);
-        if (!open_.back().names.insert(name_).second) {
-            fault = placed(text_,
-                           stringBegin(text_, input_.Tell()),
-                           "The member \"" + name_ + "\" stands here a second time.");
+        if (!isText(name_)) {
             return false;
         }
-        return true;
+        return open_.back().names.insert(name_).second ||
+               failString("The member \"" + name_ + "\" stands here a second time.");
     }
     bool StartObject() { return open(JsonNode::Kind::Object); }
     bool EndObject(rapidjson::SizeType /*count*/) { return close(); }
@@ -75,6 +83,16 @@ private:
         JsonNode* node;
         std::unordered_set<std::string> names;
     };
+
+    bool isText(std::string_view text) {
+        return !holdsSurrogate(text) || failString("This string has half of a surrogate pair.");
+    }
+
+    /// The string that was just read is wrong.
+    bool failString(const std::string& what) {
+        fault = placed(text_, stringBegin(text_, input_.Tell()), what);
+        return false;
+    }
 
     bool add(JsonNode::Kind kind, std::string_view text) {
         place(kind).text = text;
@@ -138,6 +156,9 @@ JsonRead readJson(std::string_view text) {
     }
     if (result.IsError()) {
         return {{}, placed(text, result.Offset(), rapidjson::GetParseError_En(result.Code()))};
+    }
+    if (input.Tell() != text.size()) {  // the parser takes a byte 0 for the end
+        return {{}, placed(text, input.Tell(), "A byte 0 stands here.")};
     }
     return {std::move(builder.root), {}};
 }

@@ -1,10 +1,23 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <SylvarPlatform/PluginManager.h>
+
 #include "plugins/AssimpImport/Importing.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace importing;
+
+TEST(ImporterTable, IsListedByThePluginManager) {
+    using Sylvar3::internal::OvPluginManager::PluginManager;
+    PluginManager::setSearchDirectories({OV_TEST_PLUGIN_DIR});
+    std::vector<std::string> names;
+    PluginManager::getPluginNames(OV_ASSET_IMPORTER_API_NAME, names, OV_ASSET_IMPORTER_VERSION);
+    EXPECT_THAT(names, testing::Contains("AssimpImport"));
+    for (const auto& rejected : PluginManager::getRejectedPlugins()) {
+        EXPECT_THAT(rejected.file, testing::Not(testing::EndsWith("/AssimpImport.so")));
+    }
+}
 
 TEST(ImporterTable, NamesItsVersionAndExtensions) {
     EXPECT_EQ(OV_ASSET_IMPORTER_VERSION, importer().version);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "plugins/AssimpImport/Importing.h"
 
+#include <SylvarPlatform/PluginManager.h>
+
 #include <cstdlib>
-#include <dlfcn.h>
 #include <fstream>
 #include <iostream>
 
@@ -10,13 +11,17 @@ namespace importing {
 namespace {
 
 const OvAssetImporter* loadImporter() {
-    void* plugin = dlopen(OV_TEST_PLUGIN_DIR "/AssimpImport.so", RTLD_NOW | RTLD_LOCAL);
-    void* symbol = plugin ? dlsym(plugin, OV_ASSET_IMPORTER_SYMBOL) : nullptr;
-    if (!symbol) {
-        std::cerr << dlerror() << '\n';
+    using Sylvar3::internal::OvPluginManager::PluginManager;
+    PluginManager::setSearchDirectories({OV_TEST_PLUGIN_DIR});
+    const void* const suite = PluginManager::getPluginSuite(PluginManager::getPlugin(
+        "AssimpImport", OV_ASSET_IMPORTER_API_NAME, OV_ASSET_IMPORTER_VERSION));
+    if (!suite) {
+        for (const auto& rejected : PluginManager::getRejectedPlugins()) {
+            std::cerr << rejected.file << ": " << rejected.reason << '\n';
+        }
         std::abort();
     }
-    return reinterpret_cast<OvGetAssetImporterFunction>(symbol)();
+    return static_cast<const OvAssetImporter*>(suite);
 }
 
 template <class Wanted, class Value>

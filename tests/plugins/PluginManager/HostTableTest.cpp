@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <SylvarPlatform/PluginManager.h>
 #include <SylvarPlatform/suites/AttributeSuite.h>
+#include <SylvarPlatform/suites/HostTable.h>
 
 #include <gtest/gtest.h>
 
 #include <cstddef>
 #include <cstring>
-#include <string>
 
 namespace {
-
-using Sylvar3::internal::OvPluginManager::HostServices;
-using Sylvar3::internal::OvPluginManager::setHostServices;
 
 const OvHostTable& host() {
     return *OvGetHostTable();
@@ -67,39 +63,6 @@ TEST(HostTable, RefusesWhatIsNoSuite) {
     EXPECT_EQ(OV_HOST_SUITE_INVALID, host().registerHostSuite(nullptr, "Nothing", 1));
     EXPECT_EQ(OV_HOST_SUITE_INVALID, host().registerHostSuite(&suite, nullptr, 1));
     EXPECT_EQ(OV_HOST_SUITE_INVALID, host().registerHostSuite(&suite, "", 1));
-}
-
-TEST(HostTable, LogsNothingAndKnowsNoKeyUntilServicesAreSet) {
-    char buffer[8] = "as was";
-    EXPECT_EQ(0, host().isLogEnabled("Logger", OV_LOG_ERROR));
-    host().log("Logger", OV_LOG_ERROR, "message", "file", 1);
-    EXPECT_EQ(-1, host().getConfiguration("KEY", buffer, sizeof buffer));
-    EXPECT_STREQ("as was", buffer);
-}
-
-TEST(HostTable, HandsLoggingAndConfigurationToTheServicesThatAreSet) {
-    static std::string told;
-    HostServices services;
-    services.isLogEnabled = [](const char*, std::int32_t level) {
-        return level >= OV_LOG_WARN ? 1 : 0;
-    };
-    services.log =
-        [](const char* logger, std::int32_t, const char* message, const char*, std::int32_t line) {
-            told += std::string(logger) + " " + message + " " + std::to_string(line) + "\n";
-        };
-    services.getConfiguration = [](const char*, char*, std::size_t) { return std::int64_t{7}; };
-    setHostServices(services);
-    EXPECT_EQ(1, host().isLogEnabled("Logger", OV_LOG_ERROR));
-    EXPECT_EQ(0, host().isLogEnabled("Logger", OV_LOG_INFO));
-    EXPECT_EQ(0, host().isLogEnabled(nullptr, OV_LOG_ERROR));
-    host().log("Logger", OV_LOG_WARN, "message", nullptr, 7);
-    host().log(nullptr, OV_LOG_WARN, "message", nullptr, 8);
-    host().log("Logger", OV_LOG_WARN, nullptr, nullptr, 9);
-    EXPECT_EQ("Logger message 7\n", told);
-    EXPECT_EQ(7, host().getConfiguration("KEY", nullptr, 0));
-    EXPECT_EQ(-1, host().getConfiguration(nullptr, nullptr, 0));
-    setHostServices({});
-    EXPECT_EQ(0, host().isLogEnabled("Logger", OV_LOG_ERROR));
 }
 
 }  // namespace

@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <SylvarPlatform/Configuration.h>
+#include <SylvarPlatform/Logging.h>
+
 #include "plugins/PluginManager/Plugins.h"
 #include "support/Threads.h"
 
@@ -90,6 +93,37 @@ TEST(PluginThreads, RegisterSuitesWithTheHostAtATime) {
         ASSERT_EQ(&suites[thread], host.findSuite(own.c_str(), 1));
         ASSERT_NE(nullptr, host.findSuite("Threads", 1));
     });
+}
+
+TEST(PluginThreads, LogAndReadSettingsWhileTheHostChangesBoth) {
+    using namespace OvLoggingHost;
+    using Sylvar3::OvConfiguration::v1::Config;
+    constexpr int kRounds = 200;
+    std::atomic<int> errors{0};
+    setLogSink([&](const LogMessage& m) { errors += m.level == LogLevel::Error ? 1 : 0; });
+    Config()->set("Threads", "a");
+    onThreads(kThreads, [&](int thread) {
+        const OvHostTable& host = *OvGetHostTable();
+        const std::string own = "Threads" + std::to_string(thread % 3);
+        for (int round = 0; round < kRounds; ++round) {
+            if (thread == 0) {
+                setLevel(round % 3 == 0 ? "" : own,
+                         round % 2 == 0 ? LogLevel::Debug : LogLevel::Error);
+                Config()->set("Threads", round % 2 == 0 ? "bb" : "a");
+                continue;
+            }
+            char value[4] = "";
+            const std::int64_t length = host.getConfiguration("Threads", value, sizeof value);
+            ASSERT_EQ(length == 1 ? "a" : "bb", std::string(value));
+            host.log(own.c_str(), OV_LOG_DEBUG, "may be heard", nullptr, 1);
+            ASSERT_EQ(1, host.isLogEnabled(own.c_str(), OV_LOG_ERROR));
+            host.log(own.c_str(), OV_LOG_ERROR, "is always heard", nullptr, 2);
+        }
+    });
+    setLogSink({});
+    setLevel("", LogLevel::Info);
+    Config()->unset("Threads");
+    EXPECT_EQ((kThreads - 1) * kRounds, errors);
 }
 
 }  // namespace

@@ -42,7 +42,9 @@ TEST(Configuration, GivesBackWhatWasSet) {
 
 TEST(Configuration, KnowsAKeyThatIsSetToNothing) {
     Configuration settings;
+    EXPECT_EQ(std::nullopt, settings.find("A"));
     settings.set("A", "");
+    EXPECT_EQ("", settings.find("A"));
     EXPECT_TRUE(settings.has("A"));
     EXPECT_EQ("", settings.get("A"));
 }
@@ -81,6 +83,9 @@ TEST(Configuration, TellsWhereAFileIsWrongAndSetsNothingOfIt) {
                            {"{\"a\": 1, \"a\": 2}", "line 1, column 10: "},
                            {"{\"a\": 1,\n\"b\": {\"c\": 1}, \"b.c\": 22}", "line 2, column 23: "},
                            {"{\"a\": 1, \"b\": \"\xFF\"}", "line 1, column 16: "},
+                           {"{\"a\": 1, \"b\": \"\\ud800\"}", "line 1, column 16: "},
+                           {"{\"a\": 1, \"b\": \"x\\ude00\"}", "line 1, column 15: "},
+                           {"{\"a\": 1, \"b\\udc00\": 2}", "line 1, column 10: "},
                            {"{\"a\": 1} x", "line 1, column 10: "}}) {
         Configuration settings;
         const std::string filename = fileOf(row.text);
@@ -88,6 +93,16 @@ TEST(Configuration, TellsWhereAFileIsWrongAndSetsNothingOfIt) {
         EXPECT_THAT(error, StartsWith("\"" + filename + "\": " + row.place)) << row.text;
         EXPECT_THAT(error, EndsWith(".")) << row.text;
         EXPECT_FALSE(settings.has("a")) << row.text;
+    }
+}
+
+TEST(Configuration, RefusesAFileThatGoesOnBehindAByteZero) {
+    using namespace std::string_literals;
+    for (const std::string& text :
+         {"{\"a\": 1}\0"s, "{\"a\": 1}\0{\"a\": 2}"s, "{\"a\": 1}//\0"s}) {
+        Configuration settings;
+        EXPECT_THAT(settings.loadFile(fileOf(text)), HasSubstr("line 1, column "));
+        EXPECT_FALSE(settings.has("a"));
     }
 }
 

@@ -135,6 +135,33 @@ TEST_F(Logging, GoesToTheStandardErrorStreamWithoutASink) {
     EXPECT_THAT(line, MatchesRegex("....-..-.. ..:..:..\\....  *warning(.|\n)*"));
 }
 
+TEST_F(Logging, OnTheErrorStreamIsOneLineThatDrivesNoTerminal) {
+    setLogSink({});
+    struct Row {
+        const char* text;
+        const char* shown;
+    };
+    for (const Row& row : {Row{"a\nb\r\tc", "a\\x0Ab\\x0D\\x09c"},
+                           {"\x1B[2J\x7F", "\\x1B[2J\\x7F"},
+                           {"\xC2\x9B\xFF", "\\xC2\\x9B\\xFF"},
+                           {"\\x0A", "\\x5Cx0A"},
+                           {"C:\\new \xC3\xA9 \xE2\x82\xAC", "C:\\new \xC3\xA9 \xE2\x82\xAC"}}) {
+        testing::internal::CaptureStderr();
+        OvLoggerGlue(row.text).warn(row.text, row.text, 3);
+        const std::string shown = row.shown;
+        EXPECT_THAT(testing::internal::GetCapturedStderr(),
+                    EndsWith("warning " + shown + ": " + shown + " (" + shown + ":3)\n"));
+    }
+}
+
+TEST_F(Logging, GivesASinkTheTextsAsTheyAre) {
+    OvLoggerGlue("Raw\n").error("\x1B[2J", "a\tb", 1);
+    ASSERT_EQ(1u, heard.size());
+    EXPECT_EQ("Raw\n", heard[0].logger);
+    EXPECT_EQ("\x1B[2J", heard[0].message);
+    EXPECT_EQ("a\tb", heard[0].file);
+}
+
 TEST_F(Logging, ByTheMacroMakesTheTextOnlyWhenItIsWanted) {
     const OvLoggerGlue logger("Macro");
     int made = 0;

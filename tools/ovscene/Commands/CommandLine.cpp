@@ -4,6 +4,7 @@
 #include <SylvarPlatform/Version.h>
 
 #include "Commands/Commands.h"
+#include "Commands/ServiceOptions.h"
 #include "ExitStatus.h"
 #include "Print/Output.h"
 #include "Print/SafeText.h"
@@ -39,6 +40,8 @@ constexpr char kFooter[] =
     "  ovscene import chair.glb chair.optree\n"
     "  ovscene tree chair.optree";
 
+constexpr char kCommandFooter[] = "\n\n'ovscene --help' tells the options of every command.";
+
 int fail(ExitStatus status, const std::string& message) {
     std::fprintf(stderr, "ovscene: %s\n", safeText(message).c_str());
     return static_cast<int>(status);
@@ -52,21 +55,25 @@ void setWords(CLI::FormatterBase& formatter) {
     formatter.column_width(kHelpColumn);
 }
 
-void addCommands(CLI::App& app, Output& output) {
+void addCommands(CLI::App& app, Output& output, ServiceOptions& services) {
     app.name("ovscene");
     setWords(*app.get_formatter());
     app.set_help_flag("-h,--help", "Print this help");
     app.set_version_flag("--version", kVersion, "Print the version");
     app.require_subcommand(1);
     app.footer(kFooter);
-    addImportCommand(app, output);
+    addServiceOptions(app, services);
+    addImportCommand(app, output, services);
     addTreeCommand(app, output);
     addAttrsCommand(app, output);
     addStatsCommand(app, output);
     addConvertCommand(app, output);
     for (CLI::App* command : app.get_subcommands({})) {
         command->group("Commands");
+        command->fallthrough();  // the program's own options may stand behind the command too
+        command->footer(command->get_footer() + kCommandFooter);
     }
+    app.parse_complete_callback([&services] { setServices(services); });
 }
 
 int failUsage(const CLI::App& app, const CLI::ParseError& error) {
@@ -96,9 +103,10 @@ void flushBeforeFailing(Output& output) {
 
 int run(int argc, char** argv) {
     Output output;
+    ServiceOptions services;
     CLI::App app("Imports, shows, counts and converts scenes");
     try {
-        addCommands(app, output);
+        addCommands(app, output, services);
         parse(app, argc, argv, output);
     } catch (const CLI::ParseError& error) {
         return failUsage(app, error);

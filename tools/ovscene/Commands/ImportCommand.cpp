@@ -2,6 +2,7 @@
 #include "Commands/Commands.h"
 #include "Commands/ImporterPlugin.h"
 #include "Commands/OptionChecks.h"
+#include "Commands/PluginFolders.h"
 #include "ExitStatus.h"
 #include "Print/NumberText.h"
 #include "Print/SafeText.h"
@@ -13,6 +14,8 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace ovscene {
 namespace {
@@ -77,11 +80,19 @@ std::int64_t countLocations(const SceneFile& scene) {
     return count;
 }
 
-void runImport(const ImportOptions& options, Output& output) {
+const OvAssetImporter& findImporter(const ImportOptions& options, const ServiceOptions& services) {
+    std::vector<std::string> folders;
+    appendFolders(folders, options.pluginPath);
+    folders.insert(folders.end(), services.plugins.begin(), services.plugins.end());
+    searchPlugins(std::move(folders));
+    return findAssetImporter(options.asset);
+}
+
+void runImport(const ImportOptions& options, const ServiceOptions& services, Output& output) {
     static_cast<void>(InputFile(options.asset));  // throws when it is unreadable
     requireWritablePlace(options.output);
     SceneFile scene{options.asset,
-                    importScene(loadAssetImporter(options.pluginPath), options),
+                    importScene(findImporter(options, services), options),
                     AttributeContent::StaticScene};
     const std::int64_t locations = countLocations(scene);
     const std::int64_t bytes = writeSceneFile(scene.attribute, scene.content, options.output);
@@ -121,7 +132,7 @@ void addConversion(CLI::App& command, ImportOptions& options) {
 
 }  // namespace
 
-void addImportCommand(CLI::App& app, Output& output) {
+void addImportCommand(CLI::App& app, Output& output, const ServiceOptions& services) {
     const auto options = std::make_shared<ImportOptions>();
     CLI::App* command = app.add_subcommand("import", "Turns an asset file into a static scene");
     command->add_option("ASSET", options->asset, "The asset: obj, gltf, glb, fbx, dae, ply, ...")
@@ -138,16 +149,17 @@ void addImportCommand(CLI::App& app, Output& output) {
     command
         ->add_option("--plugin-path",
                      options->pluginPath,
-                     "Folders to look for AssimpImport.so in, with colons between them")
+                     "Folders to look for plug-ins in, with colons between\nthem")
         ->option_text("FOLDERS");
     command->footer(
-        "Axis and scale are as the asset says unless they are given. The importer plug-in is\n"
-        "looked for in --plugin-path, in the folders of OVSCENE_PLUGIN_PATH, and in the plug-ins\n"
-        "folder that this program was installed with.\n\n"
+        "Axis and scale are as the asset says unless they are given. An importer plug-in is\n"
+        "looked for in --plugin-path, in --plugins, in the folders of OVSCENE_PLUGIN_PATH, and in\n"
+        "the plug-ins folder that this program was installed with; the first one that takes the\n"
+        "asset's extension is used.\n\n"
         "Examples:\n"
         "  ovscene import chair.glb chair.optree\n"
         "  ovscene import scan.ply scan.optree.json --up-axis z --unit-scale 0.01");
-    command->callback([options, &output] { runImport(*options, output); });
+    command->callback([options, &services, &output] { runImport(*options, services, output); });
 }
 
 }  // namespace ovscene

@@ -1,91 +1,76 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Commands/ImporterPlugin.h"
 
-#include "ExitStatus.h"
-#include "Print/NumberText.h"
+#include <SylvarPlatform/PluginManager.h>
 
-#include <cstdlib>
-#include <dlfcn.h>
+#include "Commands/PluginFolders.h"
+#include "ExitStatus.h"
+
+#include <algorithm>
 #include <filesystem>
-#include <sstream>
-#include <system_error>
+#include <strings.h>
 #include <vector>
 
 namespace ovscene {
 namespace {
 
-namespace fs = std::filesystem;
+using Sylvar3::internal::OvPluginManager::PluginManager;
 
-constexpr char kPluginFile[] = "AssimpImport.so";
-constexpr char kPathVariable[] = "OVSCENE_PLUGIN_PATH";
+constexpr char kApi[] = OV_ASSET_IMPORTER_API_NAME;
+constexpr unsigned kVersion = OV_ASSET_IMPORTER_VERSION;
 
-void appendFolders(std::vector<fs::path>& folders, const std::string& list) {
-    std::istringstream stream(list);
-    for (std::string folder; std::getline(stream, folder, ':');) {
-        if (!folder.empty()) {
-            folders.emplace_back(folder);
+/// Those that have a suite, in the manager's order.
+std::vector<const OvAssetImporter*> importers() {
+    std::vector<std::string> names;
+    PluginManager::getPluginNames(kApi, names, kVersion);
+    std::vector<const OvAssetImporter*> found;
+    for (const std::string& name : names) {
+        OvPluginStruct* const plugin = PluginManager::getPlugin(name, kApi, kVersion);
+        if (const void* const suite = PluginManager::getPluginSuite(plugin)) {
+            found.push_back(static_cast<const OvAssetImporter*>(suite));
         }
     }
+    return found;
 }
 
-std::vector<fs::path> searchPath(const std::string& pluginPath) {
-    std::vector<fs::path> folders;
-    appendFolders(folders, pluginPath);
-    if (const char* list = std::getenv(kPathVariable)) {
-        appendFolders(folders, list);
-    }
-    std::error_code unknown;
-    const fs::path program = fs::read_symlink("/proc/self/exe", unknown);
-    if (!unknown) {
-        folders.push_back((program.parent_path() / OVSCENE_PLUGIN_FOLDER).lexically_normal());
-    }
-    return folders;
-}
-
-[[noreturn]] void throwUnusable(const std::string& reason) {
-    throw CommandError(ExitStatus::PluginUnusable, reason);
-}
-
-fs::path findPlugin(const std::vector<fs::path>& folders) {
-    std::string searched;
-    for (const fs::path& folder : folders) {
-        std::error_code unknown;
-        if (fs::exists(folder / kPluginFile, unknown)) {
-            return fs::absolute(folder / kPluginFile);
+bool takes(const OvAssetImporter& importer, const std::string& asset) {
+    const std::string extension = std::filesystem::path(asset).extension().string();
+    for (const char* const* one = importer.extensions; one && *one; ++one) {
+        if (!extension.empty() && ::strcasecmp(*one, extension.c_str() + 1) == 0) {
+            return true;
         }
-        searched += (searched.empty() ? "" : ", ") + folder.string();
     }
-    throwUnusable(std::string("no importer plug-in ") + kPluginFile + "; searched " +
-                  (searched.empty() ? "nowhere" : searched));
+    return false;
 }
 
-OvGetAssetImporterFunction loadGetter(const fs::path& file) {
-    void* const library = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (!library) {
-        throwUnusable(std::string("plug-in cannot be loaded: ") + ::dlerror());
+std::string joined(const std::vector<std::string>& texts, const char* between) {
+    std::string all;
+    for (const std::string& text : texts) {
+        all += (all.empty() ? "" : between) + text;
     }
-    void* const symbol = ::dlsym(library, OV_ASSET_IMPORTER_SYMBOL);
-    if (!symbol) {
-        throwUnusable(file.string() + ": no asset importer, it exports no " +
-                      OV_ASSET_IMPORTER_SYMBOL);
-    }
-    return reinterpret_cast<OvGetAssetImporterFunction>(symbol);
+    return all;
+}
+
+[[noreturn]] void throwNoImporter() {
+    const std::string unusable = joined(unusablePlugins(), "; ");
+    throw CommandError(ExitStatus::PluginUnusable,
+                       "no importer plug-in; searched " +
+                           joined(PluginManager::getSearchDirectories(), ", ") +
+                           (unusable.empty() ? "" : "; " + unusable));
 }
 
 }  // namespace
 
-const OvAssetImporter& loadAssetImporter(const std::string& pluginPath) {
-    const fs::path file = findPlugin(searchPath(pluginPath));
-    const OvAssetImporter* const importer = loadGetter(file)();
-    if (!importer) {
-        throwUnusable(file.string() + ": gives no asset importer");
+const OvAssetImporter& findAssetImporter(const std::string& asset) {
+    const std::vector<const OvAssetImporter*> all = importers();
+    if (all.empty()) {
+        throwNoImporter();
     }
-    if (importer->version != OV_ASSET_IMPORTER_VERSION) {
-        throwUnusable(file.string() + ": asset importer of version " +
-                      numberText(importer->version) + ", not " +
-                      numberText(std::int32_t{OV_ASSET_IMPORTER_VERSION}));
-    }
-    return *importer;
+    logUnusablePlugins();
+    const auto wanted = std::find_if(all.begin(), all.end(), [&](const OvAssetImporter* importer) {
+        return takes(*importer, asset);
+    });
+    return wanted == all.end() ? *all.front() : **wanted;
 }
 
 }  // namespace ovscene

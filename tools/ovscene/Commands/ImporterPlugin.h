@@ -7,12 +7,11 @@
 
 namespace ovscene {
 
-/// Loads the asset importer, AssimpImport.so, from the first folder that has it: those of
-/// `pluginPath`, those of the environment variable OVSCENE_PLUGIN_PATH (both are lists with colons
-/// between their folders), then the one that belongs to this program. It stays loaded.
+/// The importer for an asset: of the plug-ins that the manager lists, the first one that takes the
+/// asset's extension. When none does, the first one, which will tell that.
 ///
-/// Throws PluginUnusable: with the folders searched when there is none, with the reason when it
-/// cannot be used.
-const OvAssetImporter& loadAssetImporter(const std::string& pluginPath);
+/// Throws PluginUnusable when there is none, with the folders searched and what cannot be used
+/// there; otherwise the latter is logged.
+const OvAssetImporter& findAssetImporter(const std::string& asset);
 
 }  // namespace ovscene

@@ -85,9 +85,16 @@ bool Configuration::has(const std::string& key) const {
 }
 
 std::string Configuration::get(const std::string& key) const {
+    return find(key).value_or("");
+}
+
+std::optional<std::string> Configuration::find(const std::string& key) const {
     const MutexLock lock(settings_->mutex);
     const auto found = settings_->values.find(key);
-    return found == settings_->values.end() ? std::string() : found->second;
+    if (found == settings_->values.end()) {
+        return std::nullopt;
+    }
+    return found->second;
 }
 
 void Configuration::set(const std::string& key, const std::string& value) {

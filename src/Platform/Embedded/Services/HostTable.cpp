@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Services/HostTable.h"
 
+#include <SylvarPlatform/Configuration.h>
 #include <SylvarPlatform/Export.h>
-#include <SylvarPlatform/PluginManager.h>
 #include <SylvarPlatform/suites/AttributeSuite.h>
 
+#include "Platform/Embedded/Services/LoggerRecord.h"
 #include "Platform/Support/OnceBuilt.h"
 
-#include <atomic>
+#include <algorithm>
 #include <cstddef>
+#include <optional>
 
 namespace Sylvar3::internal::Embedded {
 
@@ -22,7 +24,10 @@ static_assert(offsetof(OvHostTable, reserved6) == 6 * sizeof(void*));
 static_assert(offsetof(OvHostTable, registerHostSuite) == 10 * sizeof(void*));
 static_assert(sizeof(OvHostTable) == 11 * sizeof(void*));
 
-using OvPluginManager::HostServices;
+using OvConfiguration::v1::Config;
+using OvLoggingHost::LogLevel;
+using OvLoggingHost::Embedded::isEnabledByName;
+using OvLoggingHost::Embedded::logByName;
 using Support::MutexLock;
 
 HostSuites::HostSuites() {
@@ -54,18 +59,21 @@ HostSuites& suites() {
     return state.get();
 }
 
-/// Each read by itself: a thread that calls while they are set may see some of the former ones.
-std::atomic<decltype(HostServices::isLogEnabled)> isLogEnabledService{nullptr};
-std::atomic<decltype(HostServices::log)> logService{nullptr};
-std::atomic<decltype(HostServices::getConfiguration)> getConfigurationService{nullptr};
-
 const void* findSuite(const char* name, std::uint32_t version) {
     return suites().find(name, version);
 }
 
+static_assert(static_cast<int>(LogLevel::Debug) == OV_LOG_DEBUG);
+static_assert(static_cast<int>(LogLevel::Info) == OV_LOG_INFO);
+static_assert(static_cast<int>(LogLevel::Warn) == OV_LOG_WARN);
+static_assert(static_cast<int>(LogLevel::Error) == OV_LOG_ERROR);
+
+LogLevel nearestLevel(std::int32_t level) {
+    return static_cast<LogLevel>(std::clamp<std::int32_t>(level, OV_LOG_DEBUG, OV_LOG_ERROR));
+}
+
 std::int32_t isLogEnabled(const char* logger, std::int32_t level) {
-    const auto service = isLogEnabledService.load(std::memory_order_acquire);
-    return logger && service ? service(logger, level) : 0;
+    return logger && isEnabledByName(logger, nearestLevel(level)) ? 1 : 0;
 }
 
 void log(const char* logger,
@@ -73,15 +81,20 @@ void log(const char* logger,
          const char* message,
          const char* file,
          std::int32_t line) {
-    const auto service = logService.load(std::memory_order_acquire);
-    if (logger && message && service) {
-        service(logger, level, message, file, line);
+    if (logger && message) {
+        logByName(logger, nearestLevel(level), message, file, line);
     }
 }
 
 std::int64_t getConfiguration(const char* key, char* buffer, std::size_t bufferSize) {
-    const auto service = getConfigurationService.load(std::memory_order_acquire);
-    return key && service ? service(key, buffer, bufferSize) : -1;
+    const std::optional<std::string> value = key ? Config()->find(key) : std::nullopt;
+    if (!value) {
+        return -1;
+    }
+    if (buffer && bufferSize > 0) {
+        buffer[value->copy(buffer, bufferSize - 1)] = '\0';
+    }
+    return static_cast<std::int64_t>(value->size());
 }
 
 int registerHostSuite(const void* suite, const char* name, std::uint32_t version) {
@@ -102,13 +115,6 @@ constexpr OvHostTable kTable = {sizeof(OvHostTable),
 
 }  // namespace
 }  // namespace Sylvar3::internal::Embedded
-
-void Sylvar3::internal::OvPluginManager::setHostServices(const HostServices& services) {
-    using namespace Sylvar3::internal::Embedded;  // NOLINT(google-build-using-namespace): its own.
-    isLogEnabledService.store(services.isLogEnabled, std::memory_order_release);
-    logService.store(services.log, std::memory_order_release);
-    getConfigurationService.store(services.getConfiguration, std::memory_order_release);
-}
 
 extern "C" SYLVAR_PLATFORM_API const OvHostTable* OvGetHostTable() {
     return &Sylvar3::internal::Embedded::kTable;

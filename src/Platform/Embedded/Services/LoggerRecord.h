@@ -13,8 +13,9 @@ namespace OvLoggingHost::Embedded {
 /// What is behind a logger's name. Its name stands directly behind it in memory, so that the name
 /// leads here without a look-up.
 struct LoggerRecord {
-    LoggerRecord(std::string name, spdlog::sink_ptr sink, LogLevel firstLevel)
-        : level(firstLevel), logger(std::move(name), std::move(sink)) {
+    /// `shownName` is what the standard error stream shows.
+    LoggerRecord(std::string shownName, spdlog::sink_ptr sink, LogLevel firstLevel)
+        : level(firstLevel), logger(std::move(shownName), std::move(sink)) {
         logger.set_level(spdlog::level::trace);  // the level is asked above
     }
 
@@ -32,5 +33,10 @@ struct LoggerRecord {
 
 /// The record of that name, made when there is none; never destroyed.
 LoggerRecord& recordOf(const std::string& name);
+
+/// What a logger of that name does, for callers that keep none. A level below all that are set
+/// costs one read of an atomic number, any other a look-up under a lock; asking makes no record.
+bool isEnabledByName(const char* name, LogLevel level);
+void logByName(const char* name, LogLevel level, const char* message, const char* file, int line);
 
 }  // namespace OvLoggingHost::Embedded

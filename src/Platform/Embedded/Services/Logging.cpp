@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/Logging.h>
 
+#include "Platform/Embedded/Attributes/Forms/TextEscape.h"
 #include "Platform/Embedded/Services/LoggerRecord.h"
 #include "Platform/Support/Mutex.h"
 #include "Platform/Support/OnceBuilt.h"
 
 #include <memory>
+#include <string>
 #include <utility>
 
 namespace OvLoggingHost {
@@ -50,15 +52,23 @@ spdlog::level::level_enum levelBelow(LogLevel level) {
     }
 }
 
+/// On one line, whatever is in the texts: what a file or an asset is named must neither look like a
+/// line of its own nor drive a terminal.
+void tellErrorStream(const LogMessage& message) {
+    using Sylvar3::internal::OvAttribute::Embedded::TextEscape::escaped;
+    const std::string file = escaped(message.file);
+    LoggerRecord::behind(message.logger)
+        .logger.log(spdlog::source_loc(file.c_str(), message.line, ""),
+                    levelBelow(message.level),
+                    spdlog::string_view_t(escaped(message.message)));
+}
+
 void tell(const LogMessage& message) {
     if (const SinkPtr sink = currentSink()) {
         (*sink)(message);
-        return;
+    } else {
+        tellErrorStream(message);
     }
-    LoggerRecord::behind(message.logger)
-        .logger.log(spdlog::source_loc(message.file, message.line, ""),
-                    levelBelow(message.level),
-                    spdlog::string_view_t(message.message));
 }
 
 void log(const char* name, LogLevel level, const char* message, const char* file, int line) {
@@ -72,6 +82,16 @@ void log(const char* name, LogLevel level, const char* message, const char* file
 }
 
 }  // namespace
+
+void Embedded::logByName(const char* name,
+                         LogLevel level,
+                         const char* message,
+                         const char* file,
+                         int line) {
+    if (isEnabledByName(name, level)) {
+        log(recordOf(name).name(), level, message, file, line);
+    }
+}
 
 OvLoggerGlue::OvLoggerGlue(const char* name) : name_(Embedded::recordOf(name ? name : "").name()) {}
 

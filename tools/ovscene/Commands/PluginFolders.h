@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace ovscene {
+
+/// Appends the folders of a list with colons between them; empty ones are left out.
+void appendFolders(std::vector<std::string>& folders, const std::string& list);
+
+/// Lets the plug-in manager search `first`, then the folders of the environment variable
+/// OVSCENE_PLUGIN_PATH, then the one that belongs to this program, and load what is there.
+void searchPlugins(std::vector<std::string> first);
+
+/// The files that cannot be used, and the plug-ins that fail, each with its reason. Folders that
+/// cannot be read are left out.
+std::vector<std::string> unusablePlugins();
+
+/// Logs them: a file of which nothing can be used as a warning, a plug-in for debugging, since it
+/// may well be one that another of its name is meant to replace.
+void logUnusablePlugins();
+
+}  // namespace ovscene
