@@ -2,10 +2,13 @@
 #pragma once
 
 #include "Platform/Embedded/Runtime/Op.h"
+#include "Platform/Support/Mutex.h"
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -14,30 +17,36 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 /// How many op types a process can have: statistics have one place for each.
 constexpr std::size_t kMostOpTypes = 64;
 
-/// The op types of the process. Any thread.
+/// The op types of the process: the platform's own, and those that were added. Any thread.
 class OpTypeTable {
 public:
     /// The place of ops that are nothing: they have no type, or one that nobody knows.
     static constexpr std::uint32_t kNoType = 0;
 
-    static const OpTypeTable& instance();
+    static OpTypeTable& instance();
+
+    OpTypeTable();
+    OpTypeTable(const OpTypeTable&) = delete;
+    OpTypeTable& operator=(const OpTypeTable&) = delete;
+
+    /// Adds a type, which must live as long as the process. Empty on success, otherwise the reason:
+    /// the name is taken, or there are `kMostOpTypes` already. Ops that were committed before are
+    /// what they were.
+    std::string add(const OpType& type) OV_EXCLUDES(mutex_);
 
     /// The type of that name and its place; null and `kNoType` when there is none.
     std::pair<const OpType*, std::uint32_t> find(std::string_view name) const;
 
     /// Places are below this.
-    std::uint32_t size() const { return size_; }
+    std::uint32_t size() const { return size_.load(std::memory_order_acquire); }
 
     /// Null for `kNoType`.
     const OpType* operator[](std::uint32_t place) const { return types_[place]; }
 
-    OpTypeTable();
-
 private:
-    void add(const OpType& type);
-
+    Support::Mutex mutex_;  ///< For who adds.
     std::array<const OpType*, kMostOpTypes> types_{};
-    std::uint32_t size_ = 1;
+    std::atomic<std::uint32_t> size_{1};
 };
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

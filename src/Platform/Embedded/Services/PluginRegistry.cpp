@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Services/PluginRegistry.h"
 
+#include "Platform/Embedded/Runtime/RuntimePlugin.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
@@ -100,6 +102,10 @@ private:
     std::set<const PluginFile*> files_;
     std::map<std::tuple<std::string, int, std::string>, const Plugin*> names_;
 };
+
+PluginRegistry::PluginRegistry() {
+    add(OvSylvar::Embedded::runtimePlugin(), PluginPlace::Last);
+}
 
 void PluginRegistry::setDirectories(const std::vector<std::string>& paths) {
     std::vector<Directory> found;

@@ -29,7 +29,8 @@ public:
         std::vector<RejectedPlugin> rejected;
     };
 
-    PluginRegistry() = default;
+    /// Has the platform's own runtime, in the last place.
+    PluginRegistry();
     PluginRegistry(const PluginRegistry&) = delete;
     PluginRegistry& operator=(const PluginRegistry&) = delete;
 
