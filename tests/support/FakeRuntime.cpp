@@ -177,7 +177,7 @@ struct FakeEntries {
             const std::lock_guard<std::mutex> lock(fake().mutex_);
             in(client)->runtime->cooked.insert(text(path, length));
         }
-        return fake().locationAt(text(path, length));
+        return fake().locationAt({path, static_cast<std::size_t>(length)});
     }
 
     static std::uint8_t getCachedLocation(OvRuntimeClientStruct* client,
@@ -251,7 +251,7 @@ FakeRuntime& FakeRuntime::at(const std::string& path, const Names& children) {
     return put(path, locationOf(StringAttribute(children), GroupAttribute({}, false)));
 }
 
-FakeRuntime& FakeRuntime::at(const std::string& path, const NameSamples& children) {
+FakeRuntime& FakeRuntime::atTimes(const std::string& path, const NameSamples& children) {
     return put(path, locationOf(StringAttribute(children), GroupAttribute({}, false)));
 }
 
@@ -369,7 +369,7 @@ void FakeRuntime::giveBack(void* itsHandle) {
     delete handle;
 }
 
-OvAttributeStruct* FakeRuntime::locationAt(const std::string& path) const {
+OvAttributeStruct* FakeRuntime::locationAt(std::string_view path) const {
     const auto found = scene_.find(path);
     return found == scene_.end() ? nullptr : Attribute(found->second).detach();
 }

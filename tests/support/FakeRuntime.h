@@ -11,6 +11,7 @@
 #include <mutex>
 #include <set>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -38,7 +39,7 @@ public:
     /// @name The scene
     /// @{
     FakeRuntime& at(const std::string& path, const Names& children = {});
-    FakeRuntime& at(const std::string& path, const NameSamples& children);
+    FakeRuntime& atTimes(const std::string& path, const NameSamples& children);
     FakeRuntime& set(const std::string& path, const std::string& name, const Attribute& value);
 
     /// Any group as a location; null takes it away.
@@ -61,7 +62,8 @@ public:
     void answer(const std::string& query, std::int32_t status, const char* text);
     void answerOnAnotherThread() { answersElsewhere_ = true; }
 
-    /// Notes nothing and takes no lock from now on, for many threads; nothing is cached either.
+    /// From now on a cook notes nothing, takes no lock, allocates nothing and is not cached: for
+    /// many threads and for counts.
     void beQuiet() { isQuiet_ = true; }
 
     /// The calls since the last time: all, or those of one entry. Takes all of them.
@@ -88,11 +90,11 @@ private:
     bool refuses(const std::string& operation) const { return refusing_.count(operation) != 0; }
     Handle* make(const char* kind, Handle* runtime);
     void giveBack(void* handle);
-    OvAttributeStruct* locationAt(const std::string& path) const;
+    OvAttributeStruct* locationAt(std::string_view path) const;
     void fault(const std::string& text) { faults_.push_back(text); }
 
     std::mutex mutex_;
-    std::map<std::string, GroupAttribute> scene_;
+    std::map<std::string, GroupAttribute, std::less<>> scene_;
     std::set<std::string> throwing_;
     std::set<std::string> refusing_;
     std::map<std::string, std::function<void()>> hooks_;
