@@ -5,12 +5,14 @@
 #include "support/FakeProducer.h"
 #include "support/StaticScene.h"
 #include "support/SuiteScope.h"
+#include "support/Threads.h"
 
 #include <gtest/gtest.h>
 
 #include <cstddef>
 #include <cstring>
 #include <type_traits>
+#include <vector>
 
 using namespace SYLVAR;
 using namespace Sylvar3::internal::OvAttribute;
@@ -28,7 +30,7 @@ std::ptrdiff_t slotOf(Function function) {
 }
 
 std::uint32_t instances() {
-    return instanceCount.value.load();
+    return instanceCount.sum();
 }
 
 GeometryProducerPtr withType(const Attribute& type) {
@@ -104,10 +106,41 @@ TEST(GeometryProducer, IsCountedFromConstructionToDestruction) {
     EXPECT_EQ(before, instances());
 }
 
-TEST(GeometryProducer, CountsItsInstancesOnACacheLineOfTheirOwn) {
-    EXPECT_EQ(64U, sizeof(InstanceCount));
-    EXPECT_EQ(64U, alignof(InstanceCount));
-    EXPECT_EQ(4U, sizeof instanceCount.value);
+TEST(GeometryProducer, CountsItsInstancesInACacheLineForEachThread) {
+    EXPECT_EQ(64U, sizeof(InstanceCount::Cell));
+    EXPECT_EQ(64U, alignof(InstanceCount::Cell));
+    EXPECT_EQ(4U, sizeof(InstanceCount::Cell::value));
+    const InstanceCount::Cell* const cells = instanceCount.cells;
+    const auto countsOf = [&] {
+        std::vector<std::uint32_t> counts;
+        for (std::size_t i = 0; i < InstanceCount::kCells; ++i) {
+            counts.push_back(cells[i].value.load());
+        }
+        return counts;
+    };
+    const std::vector<std::uint32_t> before = countsOf();
+    std::vector<GeometryProducerPtr> made(8);
+    ovtest::onThreads(8, [&](int i) {
+        for (int round = 0; round <= i; ++round) {
+            made[static_cast<std::size_t>(i)] = new FakeProducer("/root");
+        }
+    });
+    const std::vector<std::uint32_t> after = countsOf();
+    int changed = 0;
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        changed += before[i] != after[i] ? 1 : 0;
+    }
+    EXPECT_EQ(8, changed);
+}
+
+TEST(GeometryProducer, CountsTheEndOfWhatAnotherThreadMade) {
+    const std::uint32_t before = instances();
+    std::vector<GeometryProducerPtr> made(8);
+    ovtest::onThreads(
+        8, [&](int i) { made[static_cast<std::size_t>(i)] = new FakeProducer("/root"); });
+    EXPECT_EQ(before + 8, instances());
+    made.clear();
+    EXPECT_EQ(before, instances());
 }
 
 TEST(GetType, GivesTheStringAttributeType) {

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <OvSylvarProducers/GeometryProducer.h>
+
+#include <memory>
+#include <string>
+
+namespace SYLVAR {
+
+/// The location at a path, seen through one client that all producers of the walk share and keep.
+/// No step cooks or waits: a location that has not been cooked yet reads as one that is not there,
+/// and a later call may find it. `evict` does nothing.
+///
+/// Null when the client or the path is empty, when the path does not begin with "/", and when the
+/// location or one above it is not there or not cooked yet. What the runtime throws travels. As
+/// many threads may walk as the client allows.
+OV_SYLVAR_PRODUCERS_API GeometryProducerPtr
+CreateAsyncGeometryProducer(const std::shared_ptr<SylvarRuntime::Client>& client,
+                            const std::string& path);
+
+}  // namespace SYLVAR
