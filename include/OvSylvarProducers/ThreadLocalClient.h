@@ -51,6 +51,8 @@ private:
     struct Replica {};
     ThreadLocalClient(Replica tag, const ThreadLocalClient& original);
 
+    std::shared_ptr<SylvarRuntime::Client> makeClient();
+
     const OpTreeSource source_;
     const boost::shared_ptr<Slot> threadClients_;  ///< Empty when the source was not valid.
     const void* const thread_;

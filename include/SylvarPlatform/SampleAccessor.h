@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 namespace Sylvar3::internal::OvAttribute {
 
@@ -16,15 +17,15 @@ class SampleAccessor {
 public:
     using value_type = typename DataAttributeType::value_type;
 
-    explicit SampleAccessor(const Attribute& attribute)
-        : table_(Attribute::_attrSuite->acquireSamples(attribute.handle(),
+    explicit SampleAccessor(Attribute attribute)
+        : attribute_(std::move(attribute)),
+          table_(Attribute::_attrSuite->acquireSamples(attribute_.handle(),
                                                        DataAttributeType::kType,
                                                        1,
-                                                       &buffer_)),
-          attribute_(attribute) {}
+                                                       &buffer_)) {}
 
     /// Looks for the sample nearest `wantedTime` too, the first of equal distance.
-    SampleAccessor(const Attribute& attribute, float wantedTime) : SampleAccessor(attribute) {
+    SampleAccessor(Attribute attribute, float wantedTime) : SampleAccessor(std::move(attribute)) {
         if (getNumberOfTimeSamples() > 0) {
             nearest_ = getSample(nearestIndex(wantedTime));
         }
@@ -78,8 +79,8 @@ private:
     }
 
     OvSampleTableBuffer buffer_{};
-    OvSampleTable* table_;
     Attribute attribute_;
+    OvSampleTable* table_;
     const value_type* nearest_ = nullptr;
 };
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/SylvarRuntime.h>
 
+#include <string_view>
+
 namespace Sylvar3::internal::OvSylvar {
 
 using OvAttribute::castAttribute;
-using OvAttribute::IntAttribute;
 
 namespace {
 
@@ -86,7 +87,13 @@ void SylvarRuntime::Transaction::setClientOp(const std::shared_ptr<Client>& clie
 }
 
 bool SylvarRuntime::LocationData::doesLocationExist() const {
-    return group_.getChild<IntAttribute>("exists").getValue(0) != 0;
+    // Asked at every step of a walk: no reference is needed while the group is held.
+    constexpr std::string_view kExists = "exists";
+    const OvAttributeSuite& attributes = *Attribute::_attrSuite;
+    OvAttributeStruct* const exists =
+        attributes.borrowChildByName(group_.handle(), kExists.data(), kExists.size());
+    std::int32_t value = 0;
+    return attributes.getNearestInt(&exists, 0, 0.0F, &value) != 0 && value != 0;
 }
 
 StringAttribute SylvarRuntime::LocationData::getPotentialChildren() const {

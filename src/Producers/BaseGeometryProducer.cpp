@@ -102,7 +102,7 @@ GeometryProducerPtr BaseGeometryProducer::getChildByName(const char* name, bool 
 }
 
 GeometryProducerPtr BaseGeometryProducer::getFirstChild(bool evict) {
-    return firstOf(Names(getPotentialChildren(), 0.0F), 0, path_, this, evict);
+    return firstOf(Names(getPotentialChildren(), 0.0F), 0, path_, *this, evict);
 }
 
 GeometryProducerPtr BaseGeometryProducer::getNextSibling(bool evict) {
@@ -113,22 +113,22 @@ GeometryProducerPtr BaseGeometryProducer::getNextSibling(bool evict) {
     const Names names(above.getPotentialChildren(), 0.0F);
     if (typeid(above) == typeid(*this)) {
         const std::string& path = static_cast<const BaseGeometryProducer&>(above).path_;
-        return firstOf(names, index_ + 1, path, parent, evict);
+        return firstOf(names, index_ + 1, path, above, evict);
     }
-    return firstOf(names, index_ + 1, above.getFullName(), parent, evict);
+    return firstOf(names, index_ + 1, above.getFullName(), above, evict);
 }
 
 /// The first of the named children, from one place on, that exists.
 GeometryProducerPtr BaseGeometryProducer::firstOf(const Names& names,
                                                   std::int64_t from,
                                                   const std::string& above,
-                                                  const GeometryProducerPtr& itsParent,
+                                                  GeometryProducer& itsParent,
                                                   bool evict) {
     for (std::int64_t i = from, count = names.end() - names.begin(); i < count; ++i) {
         std::string path = joined(above, names.getNearest()[i]);
         LocationData location = cook(path, evict);
         if (location.doesLocationExist()) {
-            return make(std::move(path), std::move(location), i, itsParent);
+            return make(std::move(path), std::move(location), i, &itsParent);
         }
     }
     return nullptr;

@@ -69,7 +69,7 @@ private:
     GeometryProducerPtr firstOf(const Names& names,
                                 std::int64_t from,
                                 const std::string& above,
-                                const GeometryProducerPtr& itsParent,
+                                GeometryProducer& itsParent,
                                 bool evict);
 
     const std::string path_;

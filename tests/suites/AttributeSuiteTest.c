@@ -52,9 +52,10 @@
     OV_PLACE(38, readStream)
     OV_PLACE(39, parseXML)
     OV_PLACE(40, writeXML)
+    OV_PLACE(41, borrowChildByName)
 /* clang-format on */
 typedef char
-    the_table_has_41_entries[sizeof(OvAttributeSuite) == 41 * sizeof(void (*)(void)) ? 1 : -1];
+    the_table_has_42_entries[sizeof(OvAttributeSuite) == 42 * sizeof(void (*)(void)) ? 1 : -1];
 
 /* A sample table has its fields in this order, with nothing in between but padding. */
 typedef char sample_table_flags[offsetof(OvSampleTable, flags) == 4 ? 1 : -1];

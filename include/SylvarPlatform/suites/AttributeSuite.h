@@ -244,6 +244,11 @@ typedef struct OvAttributeSuite {
     /* Writes the attribute as XML. 1 when all was written; 0 when `write` stopped it or the text
        would pass the writers' limit. */
     uint8_t (*writeXML)(OvAttributeStruct* attribute, void* stream, OvWriteFunction write);
+
+    /* As getChildByName, but the child is borrowed from the group: no reference is added. */
+    OvAttributeStruct* (*borrowChildByName)(OvAttributeStruct* group,
+                                            const char* name,
+                                            int32_t nameLength);
 } OvAttributeSuite;
 
 /* The table of the platform of this process, for its whole life. */

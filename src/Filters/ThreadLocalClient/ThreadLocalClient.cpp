@@ -99,15 +99,18 @@ ThreadLocalClient::ThreadLocalClient(Replica /*tag*/, const ThreadLocalClient& o
 ThreadLocalClient::~ThreadLocalClient() = default;
 
 std::shared_ptr<SylvarRuntime::Client> ThreadLocalClient::getClient() {
-    const SlotPtr slot = threadClients_;
-    if (!slot) {
+    if (!threadClients_) {
         return {};
     }
-    ClientPtr* value = slot->get();
-    if (!value) {
-        value = hold(ClientCreateWithOpTree(source_));
-        slot->reset(value);
-    }
+    const ClientPtr* const value = threadClients_->get();
+    return value ? *value : makeClient();
+}
+
+std::shared_ptr<SylvarRuntime::Client> ThreadLocalClient::makeClient() {
+    // Making one takes its time, in which this object may go.
+    const SlotPtr slot = threadClients_;
+    ClientPtr* const value = hold(ClientCreateWithOpTree(source_));
+    slot->reset(value);
     return *value;
 }
 

@@ -251,9 +251,13 @@ Value* getChildByIndex(Value* value, std::int64_t index) {
     return group && index >= 0 && index < group->size() ? retained((*group)[index]) : nullptr;
 }
 
-Value* getChildByName(Value* value, const char* name, std::int32_t nameLength) {
+Value* borrowChildByName(Value* value, const char* name, std::int32_t nameLength) {
     const GroupValue* const group = asGroup(value);
-    return group ? retained(group->find(viewOf(name, nameLength))) : nullptr;
+    return group ? group->find(viewOf(name, nameLength)) : nullptr;
+}
+
+Value* getChildByName(Value* value, const char* name, std::int32_t nameLength) {
+    return retained(borrowChildByName(value, name, nameLength));
 }
 
 std::uint8_t getGroupInherit(Value* value) {
@@ -361,9 +365,10 @@ const OvAttributeSuite kSuite = {
     readStream,
     parseXML,
     writeXML,
+    borrowChildByName,
 };
 
-static_assert(sizeof(OvAttributeSuite) == 41 * sizeof(void*), "A table place is given for good.");
+static_assert(sizeof(OvAttributeSuite) == 42 * sizeof(void*), "A table place is given for good.");
 static_assert(offsetof(OvAttributeSuite, createFloatFromSamples) == 28 * sizeof(void*));
 
 }  // namespace

@@ -74,7 +74,7 @@ Session* Client::takeOwn(pthread_t thread) {
     for (std::size_t place = 0; place < kSessions; ++place) {
         if (owners_[place].load(std::memory_order_relaxed) == thread) {
             Session* const session = sessions_[place].load(std::memory_order_acquire);
-            if (session && session->tryTake()) {
+            if (session && session->tryTake(session->store.age())) {
                 return session;
             }
         }
@@ -85,7 +85,7 @@ Session* Client::takeOwn(pthread_t thread) {
 Session* Client::takeAny(pthread_t thread) {
     for (std::size_t place = 0; place < kSessions; ++place) {
         Session* const session = sessionAt(place);
-        if (session->tryTake()) {
+        if (session->tryTake(session->store.age())) {
             owners_[place].store(thread, std::memory_order_relaxed);
             return session;
         }
@@ -110,13 +110,13 @@ Session* Client::sessionAt(std::size_t place) {
 Session& Client::takeExtra() {
     const MutexLock lock(mutex_);
     for (Session* const session : extra_) {
-        if (session->tryTake()) {
+        if (session->tryTake(session->store.age())) {
             return *session;
         }
     }
     made_.push_back(std::make_unique<Session>());
     Session& session = *made_.back();
-    session.tryTake();
+    session.tryTake(session.store.age());
     extra_.push_back(&session);
     return session;
 }

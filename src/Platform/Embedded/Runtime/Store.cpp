@@ -140,7 +140,7 @@ void Store::dropOldPages() {
 
 void Store::closeFreePages() {
     for (Reader* const reader : readers_) {
-        if (reader->tryTake()) {
+        if (reader->tryTake(age_)) {
             close(*reader);
             reader->giveBack();
         }
