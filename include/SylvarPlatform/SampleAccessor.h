@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 namespace Sylvar3::internal::OvAttribute {
 
@@ -17,17 +18,18 @@ public:
     using value_type = typename DataAttributeType::value_type;
 
     explicit SampleAccessor(const Attribute& attribute)
-        : table_(Attribute::_attrSuite->acquireSamples(attribute.handle(),
-                                                       DataAttributeType::kType,
-                                                       1,
-                                                       &buffer_)),
-          attribute_(attribute) {}
+        : table_(acquire(attribute)), attribute_(attribute) {}
+
+    /// The same with the caller's own reference.
+    explicit SampleAccessor(Attribute&& attribute)
+        : table_(acquire(attribute)), attribute_(std::move(attribute)) {}
 
     /// Looks for the sample nearest `wantedTime` too, the first of equal distance.
     SampleAccessor(const Attribute& attribute, float wantedTime) : SampleAccessor(attribute) {
-        if (getNumberOfTimeSamples() > 0) {
-            nearest_ = getSample(nearestIndex(wantedTime));
-        }
+        findNearest(wantedTime);
+    }
+    SampleAccessor(Attribute&& attribute, float wantedTime) : SampleAccessor(std::move(attribute)) {
+        findNearest(wantedTime);
     }
 
     /// Disposes of the table when it asks for it; then the attribute is released.
@@ -66,6 +68,17 @@ public:
     const value_type* end() const { return nearest_ ? nearest_ + getNumberOfValues() : nullptr; }
 
 private:
+    OvSampleTable* acquire(const Attribute& attribute) {
+        return Attribute::_attrSuite->acquireSamples(
+            attribute.handle(), DataAttributeType::kType, 1, &buffer_);
+    }
+
+    void findNearest(float wantedTime) {
+        if (getNumberOfTimeSamples() > 0) {
+            nearest_ = getSample(nearestIndex(wantedTime));
+        }
+    }
+
     std::int64_t nearestIndex(float wantedTime) const {
         std::int64_t kept = 0;
         for (std::int64_t i = 1; i < table_->sampleCount; ++i) {
