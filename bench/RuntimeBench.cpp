@@ -3,6 +3,7 @@
 // four small attributes of its own, once generated and once stored in a file and loaded.
 #include <OvSylvarProducers/ClientFactory.h>
 #include <OvSylvarProducers/OpTreeSource.h>
+#include <OvSylvarProducers/SyncGeometryProducer.h>
 #include <OvSylvarProducers/ThreadAwareGeometryProducer.h>
 
 #include "BenchScene.h"
@@ -80,20 +81,32 @@ void WarmReadGenerated(benchmark::State& state) {
 }
 BENCHMARK(WarmReadGenerated)->Arg(kSmall)->Arg(kLarge)->Unit(benchmark::kMillisecond);
 
-/// Opens a stored scene and walks it for the first time.
-void OpenStored(benchmark::State& state) {
+/// A stored scene that is another file each time: with `walks`, until all of it was cooked,
+/// otherwise until its top location is there.
+void openStored(benchmark::State& state, bool walks) {
     const StoredScene scene(state.range(0));
+    const auto client =
+        ClientCreateWithOpTree(OpTreeSource::createFromGroupAttribute(scene.opTree()));
     for (auto _ : state) {
         state.PauseTiming();
-        const GroupAttribute tree = scene.opTree();
         scene.touch();
+        client->getRuntime()->evict("/root");
         state.ResumeTiming();
-        const GeometryProducerPtr root = CreateThreadAwareGeometryProducer(tree, "/root");
-        benchmark::DoNotOptimize(walk(root, StepOnly()));
+        const GeometryProducerPtr root = CreateSyncGeometryProducer(client, "/root");
+        benchmark::DoNotOptimize(walks ? walk(root, StepOnly()) : 1);
     }
     tellPerLocation(state, state.range(0));
 }
+
+void OpenStored(benchmark::State& state) {
+    openStored(state, false);
+}
 BENCHMARK(OpenStored)->Arg(kSmall)->Arg(kLarge)->Unit(benchmark::kMillisecond);
+
+void OpenAndCookStored(benchmark::State& state) {
+    openStored(state, true);
+}
+BENCHMARK(OpenAndCookStored)->Arg(kSmall)->Arg(kLarge)->Unit(benchmark::kMillisecond);
 
 void WarmStepStored(benchmark::State& state) {
     const StoredScene scene(state.range(0));

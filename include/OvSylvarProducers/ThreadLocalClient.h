@@ -24,6 +24,7 @@ public:
     /// A source that is not valid is told to the log once, here, and then there are no clients.
     explicit ThreadLocalClient(const OpTreeSource& source);
     virtual ~ThreadLocalClient();
+    ThreadLocalClient(const ThreadLocalClient&) = delete;
     ThreadLocalClient& operator=(const ThreadLocalClient&) = delete;
 
     /// The calling thread's client, made at its first call. Empty when the source was not valid, or

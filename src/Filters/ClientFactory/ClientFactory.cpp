@@ -95,7 +95,7 @@ ClientPtr createNew(FactoryState& factory, const OpTreeSource& source)
         OV_LOG(logger(), error, "Runtime could not be loaded.");
         return {};
     }
-    const ClientPtr client = connect(runtime, *source.source());
+    ClientPtr client = connect(runtime, *source.source());
     if (client) {
         recordRuntime(*runtime);
         factory.pool.add(source, runtime, client);

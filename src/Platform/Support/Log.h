@@ -10,13 +10,13 @@
 /// (error, warn, info or debug) is enabled; numbers in it are written in the classic locale.
 ///
 ///     OV_LOG(logger(), error, "Runtime '" << name << "' is empty.");
-#define OV_LOG(logger, level, text)                                   \
-    do {                                                              \
-        const ::OvLoggingHost::OvLoggerGlue ovLogger = (logger);      \
-        if (ovLogger.level##Enabled()) {                              \
-            std::ostringstream ovText;                                \
-            ovText.imbue(std::locale::classic());                     \
-            ovText << text;                                           \
-            ovLogger.level(ovText.str().c_str(), __FILE__, __LINE__); \
-        }                                                             \
+#define OV_LOG(logger, level, text)                                                  \
+    do {                                                                             \
+        const ::OvLoggingHost::OvLoggerGlue ovLogger = (logger);                     \
+        if (ovLogger.level##Enabled()) {                                             \
+            std::ostringstream ovText;                                               \
+            ovText.imbue(std::locale::classic());                                    \
+            ovText << text; /* a chain of << : NOLINT(bugprone-macro-parentheses) */ \
+            ovLogger.level(ovText.str().c_str(), __FILE__, __LINE__);                \
+        }                                                                            \
     } while (false)

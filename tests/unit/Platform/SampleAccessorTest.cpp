@@ -12,6 +12,7 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -92,6 +93,18 @@ TEST(SampleAccessor, AcquiresInTheTablesOwnBufferThenRetains) {
         EXPECT_EQ(1.5, *samples.getNearest());
     }
     EXPECT_THAT(calls.take(), ElementsAre(SuiteCall{"release", attribute.handle()}));
+}
+
+TEST(SampleAccessor, TakesOverTheReferenceOfACallerWhoNeedsItNoMore) {
+    DoubleAttribute attribute(1.5);
+    OvAttributeStruct* const handle = attribute.handle();
+    SuiteCalls calls;
+    {
+        const SampleAccessor<DoubleAttribute> samples(std::move(attribute), 0.0F);
+        EXPECT_THAT(calls.take(), ElementsAre(SuiteCall{"acquireSamples", handle}));
+        EXPECT_EQ(1.5, *samples.getNearest());
+    }
+    EXPECT_THAT(calls.take(), ElementsAre(SuiteCall{"release", handle}));
 }
 
 TEST(SampleAccessor, PassesAZeroedBufferTheWantedKindAndOne) {

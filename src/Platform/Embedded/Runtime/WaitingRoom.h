@@ -39,6 +39,9 @@ public:
     void end(const Slot& slot, const Session& session, const Location* location)
         OV_EXCLUDES(mutex_);
 
+    /// How many wait just now.
+    std::int64_t count() const { return count_.load(std::memory_order_acquire); }
+
     /// Whether a session waits for a cook of that thread, by way of others or not.
     bool isWaitingFor(const Session& session, std::thread::id thread) const OV_EXCLUDES(mutex_);
 
