@@ -29,20 +29,20 @@ public:
     }
 
     /// The arguments of an op that does this; another op each time.
-    static Args hook(CookHook cook) {
+    static Sylvar3::internal::OvAttribute::GroupAttribute hook(CookHook cook) {
         HookedOpType& type = instance();
         const std::lock_guard<std::mutex> lock(type.mutex_);
         const int number = static_cast<int>(type.hooks_.size());
         type.hooks_[number] = std::move(cook);
-        return std::move(Args().set("hook", number));
+        return Args().set("hook", number);
     }
 
     const Runtime::OpSchema& schema() const override { return schema_; }
 
-    std::unique_ptr<const Runtime::OpBody>
-    make(const Sylvar3::internal::OvAttribute::GroupAttribute& arguments,
-         std::size_t /*inputCount*/,
-         const std::string& /*place*/) const override {
+    std::unique_ptr<const Runtime::OpBody> make(
+        const Sylvar3::internal::OvAttribute::GroupAttribute& arguments,
+        std::size_t /*inputCount*/,
+        const std::string& /*place*/) const override {
         const std::lock_guard<std::mutex> lock(mutex_);
         const int number =
             arguments.getChild<Sylvar3::internal::OvAttribute::IntAttribute>("hook").getValue(-1);
@@ -67,8 +67,11 @@ private:
         return type;
     }
 
-    const Runtime::OpSchema schema_ = {
-        "test.hook", "", 0, 1 << 20, {{"hook", "int", "", "The number of the function."}}};
+    const Runtime::OpSchema schema_ = {"test.hook",
+                                       "",
+                                       0,
+                                       1 << 20,
+                                       {{"hook", "int", "", "The number of the function."}}};
     mutable std::mutex mutex_;
     std::map<int, CookHook> hooks_;
 };

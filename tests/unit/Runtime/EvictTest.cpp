@@ -153,8 +153,10 @@ TEST(Evict, DropsWhatWasReadAtOtherPathsToMakeALocation) {
         }
         out.pass(cook.input(0));
     });
-    const auto client =
-        OpTree().op("source", "test.hook", Args(source)).op("mirror", "test.hook", Args(mirror), {"source"}).open();
+    const auto client = OpTree()
+                            .op("source", "test.hook", source)
+                            .op("mirror", "test.hook", mirror, {"source"})
+                            .open();
     client->cookLocation("/root/a");
     client->cookLocation("/root/b");
     EXPECT_EQ(1, sourceCooks);

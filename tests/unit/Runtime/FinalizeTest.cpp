@@ -18,10 +18,11 @@ using Runtime::LocationWriter;
 TEST(Finalize, DropsWhatWasCookedAndLeavesTheRuntimeUsable) {
     std::atomic<int> cooks{0};
     const auto client =
-        OpTree().op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
-                        ++cooks;
-                        writeSmallScene(cook, out);
-                    }))
+        OpTree()
+            .op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
+                    ++cooks;
+                    writeSmallScene(cook, out);
+                }))
             .open();
     EXPECT_EQ(3, countFrom(*client, "/root"));
     client->getRuntime()->finalize();
@@ -35,14 +36,15 @@ TEST(Finalize, WaitsForTheCooksUnderWay) {
     Gate goOn;
     std::atomic<bool> hasEnded{false};
     const auto client =
-        OpTree().op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
-                        writeSmallScene(cook, out);
-                        if (cook.path() == "/root/a") {
-                            cooking.open();
-                            goOn.wait();
-                            hasEnded = true;
-                        }
-                    }))
+        OpTree()
+            .op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
+                    writeSmallScene(cook, out);
+                    if (cook.path() == "/root/a") {
+                        cooking.open();
+                        goOn.wait();
+                        hasEnded = true;
+                    }
+                }))
             .open();
     std::thread cook([&] { client->cookLocation("/root/a"); });
     cooking.wait();
@@ -60,14 +62,14 @@ TEST(Finalize, WaitsForTheCooksUnderWay) {
 
 TEST(Finalize, DoesNotWaitForTheCookThatItIsCalledFrom) {
     std::shared_ptr<SylvarRuntime::Client> client;
-    client =
-        OpTree().op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
-                        writeSmallScene(cook, out);
-                        if (cook.path() == "/root/a") {
-                            client->getRuntime()->finalize();
-                        }
-                    }))
-            .open();
+    client = OpTree()
+                 .op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
+                         writeSmallScene(cook, out);
+                         if (cook.path() == "/root/a") {
+                             client->getRuntime()->finalize();
+                         }
+                     }))
+                 .open();
     EXPECT_TRUE(client->cookLocation("/root/a").doesLocationExist());
     EXPECT_FALSE(client->getCachedLocation("/root/a").second) << "delivered, and not kept";
 }
@@ -76,15 +78,15 @@ TEST(Finalize, FromTwoCooksAtOnceEnds) {
     std::shared_ptr<SylvarRuntime::Client> client;
     Barrier both(2);
     std::atomic<int> meetings{2};
-    client =
-        OpTree().op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
-                        writeSmallScene(cook, out);
-                        if (cook.path().size() > 5 && meetings-- > 0) {
-                            both.wait();
-                            client->getRuntime()->finalize();
-                        }
-                    }))
-            .open();
+    client = OpTree()
+                 .op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
+                         writeSmallScene(cook, out);
+                         if (cook.path().size() > 5 && meetings-- > 0) {
+                             both.wait();
+                             client->getRuntime()->finalize();
+                         }
+                     }))
+                 .open();
     client->cookLocation("/root");
     onThreads(2, [&](int i) {
         EXPECT_TRUE(client->cookLocation(i == 0 ? "/root/a" : "/root/b").doesLocationExist());
@@ -94,18 +96,18 @@ TEST(Finalize, FromTwoCooksAtOnceEnds) {
 TEST(Finalize, FromACookThatAnotherThreadWaitsForEnds) {
     std::shared_ptr<SylvarRuntime::Client> client;
     Gate cooking;
-    client =
-        OpTree().op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
-                        writeSmallScene(cook, out);
-                        if (cook.path() == "/root/a" && !cooking.isOpen()) {
-                            cooking.open();
-                            while (Runtime::WaitingRoom::instance().count() != 1) {
-                                std::this_thread::yield();
-                            }
-                            client->getRuntime()->finalize();
-                        }
-                    }))
-            .open();
+    client = OpTree()
+                 .op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
+                         writeSmallScene(cook, out);
+                         if (cook.path() == "/root/a" && !cooking.isOpen()) {
+                             cooking.open();
+                             while (Runtime::WaitingRoom::instance().count() != 1) {
+                                 std::this_thread::yield();
+                             }
+                             client->getRuntime()->finalize();
+                         }
+                     }))
+                 .open();
     std::thread cook([&] { client->cookLocation("/root/a"); });
     cooking.wait();
     EXPECT_TRUE(client->cookLocation("/root/a").doesLocationExist());

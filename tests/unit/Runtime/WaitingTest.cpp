@@ -11,8 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <new>
 #include <memory>
+#include <new>
 #include <string>
 #include <thread>
 
@@ -48,10 +48,11 @@ struct Interned {
 
 TEST(Waiting, SixteenRuntimesCookEachLocationOnce) {
     std::atomic<int> cooks{0};
-    const OpTree tree = OpTree().op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
-        ++cooks;
-        writeSmallScene(cook, out);
-    }));
+    const OpTree tree =
+        OpTree().op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
+                        ++cooks;
+                        writeSmallScene(cook, out);
+                    }));
     const auto holder = tree.open();
     onThreads(16, [&](int) { EXPECT_EQ(3, countFrom(*tree.open(), "/root")); });
     EXPECT_EQ(4, cooks) << "/root, its two children, and what is above";
@@ -60,10 +61,11 @@ TEST(Waiting, SixteenRuntimesCookEachLocationOnce) {
 TEST(Waiting, SixteenThreadsOfOneClientCookEachLocationOnce) {
     std::atomic<int> cooks{0};
     const auto client =
-        OpTree().op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
-                        ++cooks;
-                        writeSmallScene(cook, out);
-                    }))
+        OpTree()
+            .op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
+                    ++cooks;
+                    writeSmallScene(cook, out);
+                }))
             .open();
     onThreads(40, [&](int) { EXPECT_EQ(3, countFrom(*client, "/root")); });
     EXPECT_EQ(4, cooks);
@@ -113,9 +115,8 @@ TEST(Waiting, OneOfThemTriesAgainWhenMemoryRanOut) {
     std::thread one([&] { EXPECT_THROW(client->cookLocation("/root/a"), std::bad_alloc); });
     cooking.wait();
     std::thread others([&] {
-        onThreads(3, [&](int) {
-            EXPECT_TRUE(client->cookLocation("/root/a").doesLocationExist());
-        });
+        onThreads(3,
+                  [&](int) { EXPECT_TRUE(client->cookLocation("/root/a").doesLocationExist()); });
     });
     waitForSleepers(3);
     goOn.open();
@@ -146,9 +147,8 @@ TEST(Waiting, IsACycleWhereItWouldNeverEnd) {
     ops[0] = first.op.get();
     ops[1] = second.op.get();
     SylvarRuntime::LocationData found[2];
-    onThreads(2, [&](int i) {
-        found[i] = (i == 0 ? first : second).client->cookLocation("/root/a");
-    });
+    onThreads(2,
+              [&](int i) { found[i] = (i == 0 ? first : second).client->cookLocation("/root/a"); });
     for (const SylvarRuntime::LocationData& location : found) {
         EXPECT_NE(std::string::npos, errorOf(location).find("cycle")) << errorOf(location);
     }
