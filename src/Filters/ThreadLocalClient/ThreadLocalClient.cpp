@@ -35,8 +35,8 @@ const OvLoggingHost::OvLoggerGlue& logger() {
     return built.get([] { return OvLoggingHost::OvLoggerGlue("ThreadLocalClient"); });
 }
 
-/// What a thread's value of a slot lies in. It is never freed, since the thread may have ended at
-/// any time; the list of all keeps it in sight of leak checkers.
+/// What a thread's value of a slot lies in. It is never freed: a thread that ends hands back, and
+/// no more. The list of all keeps it in sight of leak checkers.
 struct Holder {
     ClientPtr client;
     Holder* next;
