@@ -121,3 +121,11 @@ TEST(LongTree, CooksAnInputThatManyOpsShareOnce) {
     const auto client = tree.open();
     EXPECT_EQ(200 * 3, cooksDuring(*client, "merge", [&] { client->cookLocation("/root/c1"); }));
 }
+
+TEST(LongTree, PutsLocationsThatAreCookedWithinOneAnotherSideBySide) {
+    const auto client = chainOf(60, "n").open();
+    const std::int64_t before = RuntimeCounts(*client).store("bytes");
+    client->cookLocation("/root/a/b");
+    // 4 * 60 locations of some 200 bytes each; with a page for each they took megabytes.
+    EXPECT_GT(200000, RuntimeCounts(*client).store("bytes") - before);
+}
