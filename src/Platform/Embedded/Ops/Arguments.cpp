@@ -3,6 +3,7 @@
 
 #include <SylvarPlatform/SampleAccessor.h>
 
+#include "Platform/Embedded/Ops/MountPath.h"
 #include "Platform/Embedded/Ops/NearestName.h"
 
 #include <algorithm>
@@ -45,11 +46,6 @@ const ArgumentSchema* findSchema(const OpSchema& schema, std::string_view name) 
     const std::string_view nearest = nearestName(name, names);
     throw OpError("there is no argument " + quoted(name) +
                   (nearest.empty() ? "" : "; did you mean " + quoted(nearest) + "?"));
-}
-
-bool isLocationPath(const std::string& path) {
-    return path.size() > 1 && path.front() == '/' && path.back() != '/' &&
-           path.find("//") == std::string::npos;
 }
 
 }  // namespace

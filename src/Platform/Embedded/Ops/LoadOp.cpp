@@ -8,10 +8,12 @@
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Embedded/Runtime/OpGraph.h"
+#include "Platform/Embedded/Runtime/RuntimeLog.h"
 #include "Platform/Support/Mutex.h"
 #include "Platform/Support/OnceBuilt.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
@@ -27,9 +29,17 @@ namespace {
 
 constexpr const char* kLoadedTop = "/root";
 
+/// The path of an asset. Where the asset plug-in fails, the name is taken for the path.
 std::string resolved(const std::string& file) {
-    return OvAssetHost::v1::OvAssetPluginManager::getDefaultAssetPlugin()->resolveAsset(
-        file, 0, false);
+    try {
+        return OvAssetHost::v1::OvAssetPluginManager::getDefaultAssetPlugin()->resolveAsset(
+            file, 0, false);
+    } catch (const std::exception& error) {
+        OV_LOG(runtimeLogger(),
+               warn,
+               "The asset plug-in cannot resolve \"" << file << "\": " << error.what());
+        return file;
+    }
 }
 
 /// The last op of what a file holds. Throws `OpError`.
@@ -114,8 +124,7 @@ private:
         } catch (const OpError& error) {
             loaded.fault = error.what();
         }
-        keep(std::move(loaded));
-        return find();
+        return keep(std::move(loaded));
     }
 
     std::shared_ptr<InternedOp> find() const OV_EXCLUDES(mutex_) {
@@ -127,16 +136,23 @@ private:
     }
 
     /// Ops that load one another would keep one another for ever: the last one of the round is told
-    /// so instead. One lock for all, so that two of them do not close the round at once.
-    void keep(Loaded loaded) const OV_EXCLUDES(mutex_) {
+    /// so instead. One lock for all, so that two of them do not close the round at once. Returns
+    /// what is kept: it may be forgotten again at once. Throws `OpError`.
+    std::shared_ptr<InternedOp> keep(Loaded loaded) const OV_EXCLUDES(mutex_) {
         static Mutex linking;
         const MutexLock link(linking);
         if (loaded.top && reaches(loaded.top)) {
             loaded.top = nullptr;
             loaded.fault = "cycle: " + file_ + " loads itself";
         }
-        const MutexLock lock(mutex_);
-        loaded_ = std::move(loaded);
+        {
+            const MutexLock lock(mutex_);
+            loaded_ = loaded;
+        }
+        if (!loaded.fault.empty()) {
+            throw OpError(loaded.fault);
+        }
+        return loaded.top;
     }
 
     bool reaches(const std::shared_ptr<InternedOp>& top) const {

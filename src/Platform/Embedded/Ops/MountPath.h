@@ -8,10 +8,16 @@
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
+/// Whether a text is the path of a location: "/" and a name, once or more often.
+inline bool isLocationPath(std::string_view path) {
+    return path.size() > 1 && path.front() == '/' && path.back() != '/' &&
+           path.find("//") == std::string_view::npos;
+}
+
 /// The location at which an op's scene begins, and how a path lies to it.
 class MountPath {
 public:
-    /// An absolute path with at least one name.
+    /// The path of a location (`isLocationPath`).
     explicit MountPath(std::string path) : path_(std::move(path)) {}
 
     enum class Place {

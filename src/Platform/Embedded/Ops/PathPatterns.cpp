@@ -34,6 +34,9 @@ PathPatterns::PathPatterns(const std::vector<std::string>& patterns) {
                 throw OpError("it has to begin with a \"/\" and a name");
             }
             for (const std::string_view name : namesOf(rest)) {
+                if (name.empty()) {
+                    throw OpError("one of its names is empty");
+                }
                 pattern.names.emplace_back(name);
             }
         } catch (const OpError& error) {

@@ -9,9 +9,9 @@
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
-/// A list of path patterns, compiled once. A pattern is a path of name patterns; "**" in place of a
-/// name spans any number of names, none included. A leading "!" takes away what earlier patterns of
-/// the list match; of all that match a path the last one decides.
+/// A list of path patterns, compiled once. A pattern is a path of name patterns, none empty; "**"
+/// in place of a name spans any number of names, none included. A leading "!" takes away what
+/// earlier patterns of the list match; of all that match a path the last one decides.
 ///
 /// Immutable; any thread.
 class PathPatterns {

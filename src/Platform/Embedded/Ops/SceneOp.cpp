@@ -48,6 +48,15 @@ std::int64_t findChild(const GroupValue& children, std::string_view name) {
     return -1;
 }
 
+/// A key for a message, which ends at the first NUL.
+std::string printable(std::string_view key) {
+    std::string text;
+    for (const char c : key) {
+        text += c == '\0' ? std::string("\\x00") : std::string(1, c);
+    }
+    return text;
+}
+
 /// The decoded names of all children, each of which must be one that a path can have.
 class ChildNameList {
 public:
@@ -71,8 +80,7 @@ private:
     static void check(std::string_view name, std::string_view key) {
         if (name.empty() || name.find('/') != std::string_view::npos ||
             name.find('\0') != std::string_view::npos) {
-            throw OpError("the child \"" + std::string(key) +
-                          "\" has a name that no path can hold");
+            throw OpError("the child \"" + printable(key) + "\" has a name that no path can hold");
         }
     }
 

@@ -7,6 +7,7 @@
 
 #include "Platform/Embedded/Attributes/Values/Hashing.h"
 #include "Platform/Embedded/Ops/Arguments.h"
+#include "Platform/Embedded/Ops/MountPath.h"
 #include "Platform/Embedded/Ops/PassingOps.h"
 #include "Platform/Embedded/Ops/SceneOp.h"
 #include "Platform/Embedded/Runtime/Interner.h"
@@ -32,19 +33,31 @@ namespace {
 constexpr const char* kEnabled = "enabled";
 constexpr const char* kNote = "note";
 
+/// The others; null when there are none, so that no arguments are the same as an empty group.
 GroupAttribute argumentsForType(const GroupAttribute& arguments) {
     if (!arguments) {
         return arguments;
     }
     GroupBuilder builder(GroupBuilder::Mode::Flat);
-    return builder.update(arguments).remove(kEnabled).remove(kNote).build();
+    const GroupAttribute rest = builder.update(arguments).remove(kEnabled).remove(kNote).build();
+    return rest.getNumberOfChildren() == 0 ? GroupAttribute() : rest;
+}
+
+/// What is wrong with the argument that tells whether an op works; empty when nothing is.
+std::string faultOfEnabled(const GroupAttribute& arguments) {
+    const OvAttribute::Attribute enabled = arguments.getChildByName(kEnabled);
+    if (!enabled || enabled.getType() == OV_ATTRIBUTE_INT) {
+        return {};
+    }
+    return std::string("argument \"") + kEnabled + "\": expected int, found " +
+           kindName(enabled.getType());
 }
 
 /// Where errors of the whole op show.
 std::string placeOfErrors(const GroupAttribute& arguments) {
     for (const char* const name : {"at", "path"}) {
         const std::string path = arguments.getChild<StringAttribute>(name).getValue("");
-        if (path.size() > 1 && path.front() == '/') {
+        if (isLocationPath(path)) {
             return path;
         }
     }
@@ -149,6 +162,9 @@ private:
         State& state = states_[place];
         state.phase = Phase::Done;
         const OpSpec& spec = specs_[place];
+        if (state.fault.empty()) {
+            state.fault = faultOfEnabled(spec.arguments);
+        }
         const bool isEnabled = spec.arguments.getChild<IntAttribute>(kEnabled).getValue(1) != 0;
         const bool isPassing = (spec.type.empty() || !isEnabled) && state.fault.empty();
         ops_[place] = isPassing ? firstOf(state.inputs) : make(place, std::move(state));
@@ -175,7 +191,7 @@ private:
             return present;
         }
         InternedOp::Parts parts;
-        parts.typeName = spec.type.empty() ? "op" : spec.type;
+        parts.typeName = typeNameOf(place);
         parts.typeIndex = typeIndex;
         parts.place = placeOf(place);
         parts.at = placeOfErrors(arguments);
@@ -216,6 +232,10 @@ private:
         }
     }
 
+    std::string typeNameOf(std::size_t place) const {
+        return specs_[place].type.empty() ? "op" : specs_[place].type;
+    }
+
     std::string placeOf(std::size_t place) const {
         std::string text =
             "op " + std::to_string(place + 1) + " of " + std::to_string(specs_.size());
@@ -228,8 +248,8 @@ private:
     void warnOfMissingInput(std::size_t place, std::size_t input) const {
         OV_LOG(runtimeLogger(),
                warn,
-               specs_[place].type << " (" << placeOf(place) << "): input " << input
-                                  << " is not there, and reads as an empty scene");
+               typeNameOf(place) << " (" << placeOf(place) << "): input " << input
+                                 << " is not there, and reads as an empty scene");
     }
 
     const std::vector<OpSpec>& specs_;

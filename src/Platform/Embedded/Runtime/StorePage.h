@@ -29,8 +29,11 @@ public:
     StorePage(std::size_t bytes, std::atomic<std::int64_t>& detachedBytes)
         : Block(bytes, kOverflowBytes), firstBytes_(bytes), detachedBytes_(detachedBytes) {}
 
-    /// Whether the next location had better go to another page.
-    bool isFull() const { return bytesLeft() < kFullWhenLeft || pageBytes() > firstBytes_; }
+    /// Whether the next location had better go to another page. One in which nothing lies yet has
+    /// no memory either.
+    bool isFull() const {
+        return pageBytes() != 0 && (bytesLeft() < kFullWhenLeft || pageBytes() > firstBytes_);
+    }
 
     /// Keeps a value that a location of this page refers to; returns it. Throws `std::bad_alloc`.
     Value* keep(Value& value);

@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <SylvarPlatform/AssetPlugin.h>
+#include <SylvarPlatform/Configuration.h>
+
+#include "support/HeardLogs.h"
+#include "support/OpTree.h"
+#include "support/OpTreeFile.h"
+#include "support/RuntimeCounts.h"
+#include "support/RuntimeWalk.h"
+#include "support/StaticScene.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+using namespace ovtest;
+using namespace Sylvar3::internal::OvAttribute;
+using Sylvar3::OvAssetHost::v1::AssetPlugin;
+using Sylvar3::OvAssetHost::v1::OvAssetPluginManager;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+std::shared_ptr<SylvarRuntime::Client> load(const std::string& file, const char* at = "/root") {
+    return OpTree().op("l", "load", Args().set("file", file).set("at", at)).open();
+}
+
+GroupAttribute sceneOf(const char* path) {
+    return StaticScene().at(path).set(path, "mark", 7).group();
+}
+
+/// An op tree whose scene has one location.
+GroupAttribute treeOf(const char* path) {
+    return OpTree().op("s", "scene", Args().set("tree", sceneOf(path))).group();
+}
+
+std::string errorAt(const SylvarRuntime::Client& client, const char* path) {
+    return client.cookLocation(path)
+        .getAttrs()
+        .getChild<StringAttribute>("errorMessage")
+        .getValue("");
+}
+
+bool isThere(const SylvarRuntime::Client& client, const char* path) {
+    return client.cookLocation(path).doesLocationExist();
+}
+
+}  // namespace
+
+TEST(Load, ShowsAnOpTreeAndAStoredSceneInEitherForm) {
+    for (const char* const name : {"load_forms.optree", "load_forms.optree.json"}) {
+        TestFile file(name);
+        EXPECT_TRUE(isThere(*load(file.writeOpTree(treeOf("/root/tree")).path()), "/root/tree"));
+        EXPECT_TRUE(isThere(*load(file.writeScene(sceneOf("/root/scene")).path()), "/root/scene"));
+    }
+}
+
+TEST(Load, PutsTheFilesRootWhereItIsTold) {
+    TestFile file("load_at.optree");
+    file.writeOpTree(treeOf("/root/a/b"));
+    const auto client = load(file.path(), "/root/world/set");
+    EXPECT_EQ((std::vector<std::string>{"world"}), childrenOf(client->cookLocation("/root")));
+    EXPECT_TRUE(isThere(*client, "/root/world/set/a/b"));
+    EXPECT_FALSE(isThere(*client, "/root/a"));
+    EXPECT_EQ(5, countFrom(*client, "/root"));
+    EXPECT_EQ(7,
+              client->cookLocation("/root/world/set/a/b")
+                  .getAttrs()
+                  .getChild<IntAttribute>("mark")
+                  .getValue(0));
+}
+
+TEST(Load, TellsWhatIsWrongWithAFile) {
+    HeardLogs logs;
+    struct Row {
+        const char* bytes;  // Null: there is no file.
+        const char* reason;
+    };
+    for (const Row& row : {Row{nullptr, "load_wrong.optree"},
+                           {"", ""},
+                           {"garbage", ""},
+                           {"{\"format\": \"sylvar\"", ""},
+                           {"{\"format\": \"sylvar\", \"version\": 1, \"content\": \"attribute\", "
+                            "\"root\": 1}",
+                            "holds neither an op tree nor a scene"},
+                           {"{\"format\": \"sylvar\", \"version\": 1, \"content\": \"op tree\", "
+                            "\"root\": {}}",
+                            "the op tree has no ops"}}) {
+        TestFile file("load_wrong.optree");
+        if (row.bytes) {
+            file.writeBytes(row.bytes);
+        }
+        const auto client = load(file.path(), "/root/a");
+        EXPECT_THAT(errorAt(*client, "/root/a"),
+                    AllOf(HasSubstr("load (op 1 of 1), /root/a: "),
+                          HasSubstr(file.path()),
+                          HasSubstr(row.reason)));
+        EXPECT_EQ(2, countFrom(*client, "/root"));
+        EXPECT_EQ(1U, logs.take().size());
+    }
+    EXPECT_THAT(errorAt(*load(OV_TEST_OUTPUT_DIR), "/root"), HasSubstr(OV_TEST_OUTPUT_DIR));
+}
+
+TEST(Load, DoesNotOpenAFileBeforeItIsNeeded) {
+    HeardLogs logs;
+    TestFile file("load_lazy.optree");
+    file.writeBytes("garbage");
+    const auto client = load(file.path(), "/root/world/late");
+    isThere(*client, "/root");
+    isThere(*client, "/root/world");
+    isThere(*client, "/root/world/other");
+    EXPECT_THAT(logs.take(), IsEmpty());
+    isThere(*client, "/root/world/late");
+    EXPECT_EQ(1U, logs.take().size());
+}
+
+TEST(Load, IsAnErrorWhereAFileLoadsItself) {
+    HeardLogs logs;
+    TestFile file("load_self.optree");
+    file.writeOpTree(OpTree()
+                         .op("s", "scene", Args().set("tree", sceneOf("/root/a")))
+                         .op("l", "load", Args().set("file", file.path()).set("at", "/root/again"))
+                         .op("m", "merge", GroupAttribute(), {"s", "l"})
+                         .group());
+    const auto client = load(file.path());
+    EXPECT_TRUE(isThere(*client, "/root/a"));
+    int faults = 0;
+    walkFrom(*client, "/root", [&](const std::string& path, const auto&) {
+        faults += errorAt(*client, path.c_str()).find("loads itself") != std::string::npos;
+    });
+    EXPECT_EQ(1, faults);
+}
+
+TEST(Load, IsAnErrorWhereFilesLoadOneAnother) {
+    HeardLogs logs;
+    TestFile a("load_round_a.optree");
+    TestFile b("load_round_b.optree");
+    const auto loading = [](const TestFile& file) {
+        return OpTree()
+            .op("l", "load", Args().set("file", file.path()).set("at", "/root/next"))
+            .group();
+    };
+    a.writeOpTree(loading(b));
+    b.writeOpTree(loading(a));
+    const auto client = load(a.path());
+    int faults = 0;
+    walkFrom(*client, "/root", [&](const std::string& path, const auto&) {
+        faults += errorAt(*client, path.c_str()).find("loads itself") != std::string::npos;
+    });
+    EXPECT_EQ(1, faults);
+    const auto other = load(b.path());
+    EXPECT_TRUE(isThere(*other, "/root"));
+    EXPECT_GT(10, countFrom(*other, "/root"));
+}
+
+TEST(Load, FindsItsFileAlongTheSearchPathOfAssets) {
+    TestFile file("load_searched.optree");
+    file.writeOpTree(treeOf("/root/a"));
+    auto& settings = *Sylvar3::OvConfiguration::v1::Config();
+    settings.set("SYLVAR_ASSET_PATH", "/nowhere:" OV_TEST_OUTPUT_DIR);
+    const auto client = load("load_searched.optree");
+    settings.unset("SYLVAR_ASSET_PATH");
+    EXPECT_TRUE(isThere(*client, "/root/a"));
+}
+
+TEST(Load, TakesTheNameForThePathWhereTheAssetPluginFails) {
+    class Failing : public AssetPlugin {
+        std::string resolveAsset(const std::string&, int, bool) override {
+            throw std::runtime_error("no such show");
+        }
+    };
+    HeardLogs logs;
+    static Failing failing;
+    TestFile file("load_failing.optree");
+    file.writeOpTree(treeOf("/root/a"));
+    OvAssetPluginManager::setDefaultAssetPlugin(&failing);
+    const auto client = load(file.path());
+    OvAssetPluginManager::setDefaultAssetPlugin(nullptr);
+    EXPECT_TRUE(isThere(*client, "/root/a"));
+    EXPECT_THAT(logs.take(), testing::Each(HasSubstr("no such show")));
+}
+
+TEST(Load, SharesTheOpsOfAFileWithAllThatLoadIt) {
+    TestFile file("load_shared.optree");
+    file.writeOpTree(OpTree().op("g", "generate", Args().set("depth", 1).set("seed", 701)).group());
+    const auto here = load(file.path(), "/root/here");
+    const auto there = load(file.path(), "/root/there");
+    EXPECT_EQ(33 + 1, cooksDuring(*here, "generate", [&] { countFrom(*here, "/root"); }));
+    EXPECT_EQ(0, cooksDuring(*here, "generate", [&] { countFrom(*there, "/root"); }));
+}
+
+TEST(Load, SeesAChangedFileAfterAnEvictAndNotBefore) {
+    TestFile file("load_changed.optree");
+    file.writeOpTree(treeOf("/root/before"));
+    const auto client = load(file.path());
+    const auto other = load(file.path());
+    EXPECT_TRUE(isThere(*client, "/root/before"));
+    EXPECT_TRUE(isThere(*other, "/root/before"));
+    file.writeOpTree(treeOf("/root/afterwards"));
+    EXPECT_FALSE(isThere(*client, "/root/afterwards"));
+    client->getRuntime()->evict("/root");
+    EXPECT_FALSE(client->getCachedLocation("/root").second);
+    EXPECT_TRUE(isThere(*client, "/root/afterwards"));
+    EXPECT_FALSE(isThere(*client, "/root/before"));
+    EXPECT_TRUE(isThere(*other, "/root/afterwards"));
+    EXPECT_FALSE(isThere(*other, "/root/before"));
+}
+
+TEST(Load, SeesAChangedFileThatAFileLoads) {
+    TestFile inner("load_inner.optree");
+    TestFile outer("load_outer.optree");
+    inner.writeOpTree(treeOf("/root/before"));
+    outer.writeOpTree(
+        OpTree().op("l", "load", Args().set("file", inner.path()).set("at", "/root/in")).group());
+    const auto client = load(outer.path());
+    EXPECT_TRUE(isThere(*client, "/root/in/before"));
+    inner.writeScene(sceneOf("/root/afterwards"));
+    client->getRuntime()->evict("/root/in");
+    EXPECT_TRUE(isThere(*client, "/root/in/afterwards"));
+    EXPECT_FALSE(isThere(*client, "/root/in/before"));
+}
+
+TEST(Load, SeesAChangedFileInARuntimeThatIsMadeLater) {
+    TestFile file("load_later.optree");
+    file.writeOpTree(treeOf("/root/before"));
+    const auto first = load(file.path());
+    EXPECT_TRUE(isThere(*first, "/root/before"));
+    file.writeOpTree(treeOf("/root/afterwards"));
+    const auto second = load(file.path());
+    EXPECT_TRUE(isThere(*second, "/root/afterwards"));
+    EXPECT_TRUE(isThere(*first, "/root/before"));
+}
+
+TEST(Load, MissesADeletedFileAfterAnEvictAndFindsItAgain) {
+    HeardLogs logs;
+    TestFile file("load_deleted.optree");
+    file.writeOpTree(treeOf("/root/a"));
+    const auto client = load(file.path());
+    EXPECT_TRUE(isThere(*client, "/root/a"));
+    file.remove();
+    EXPECT_TRUE(isThere(*client, "/root/a"));
+    client->getRuntime()->evict("/root");
+    EXPECT_THAT(errorAt(*client, "/root"), HasSubstr(file.path()));
+    EXPECT_FALSE(isThere(*client, "/root/a"));
+    file.writeOpTree(treeOf("/root/b"));
+    EXPECT_FALSE(isThere(*client, "/root/b"));
+    client->getRuntime()->evict("/root");
+    EXPECT_TRUE(isThere(*client, "/root/b"));
+}
