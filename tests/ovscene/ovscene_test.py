@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
-"""Runs ovscene as its users do. OVSCENE_APPROVE=1 writes the golden files anew.
+"""Runs ovscene as its users do.
 
-The environment says where things are: OVSCENE, OVSCENE_TEST_SCENES, OVSCENE_TEST_PLUGINS (empty
-when no plug-ins were built), OVSCENE_TEST_TELLING (the folder of TellingImporter.so) and
+The environment says where things are, besides what ovscene_case.py tells: OVSCENE_TEST_PLUGINS
+(empty when no plug-ins were built), OVSCENE_TEST_TELLING (the folder of TellingImporter.so) and
 OVSCENE_VERSION.
 """
 import json
@@ -16,14 +16,13 @@ import select
 import shutil
 import signal
 import subprocess
-import tempfile
 import unittest
 import xml.etree.ElementTree
 
-OVSCENE = os.environ["OVSCENE"]
+from ovscene_case import OVSCENE, OvsceneCase
+
 PLUGINS = os.environ.get("OVSCENE_TEST_PLUGINS", "")
 TELLING = os.environ["OVSCENE_TEST_TELLING"]
-GOLDEN = pathlib.Path(__file__).resolve().parent / "golden"
 HOSTILE = "\\x1B[31mred\\xFF\\x0A\"<&>\\xC2\\x9B\\xE2\\x80\\xAE"
 
 MODEL = pathlib.Path(
@@ -44,43 +43,6 @@ v 0 1 1
 f 4 5 6 7
 """
 MTL = "newmtl red\nKd 1 0 0\n"
-
-
-class OvsceneCase(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.temporary = tempfile.TemporaryDirectory()
-        cls.folder = pathlib.Path(cls.temporary.name)
-        subprocess.run([os.environ["OVSCENE_TEST_SCENES"], cls.folder], check=True)
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.temporary.cleanup()
-
-    def run_raw(self, *arguments, program=OVSCENE, **environment):
-        env = {**os.environ, "LC_ALL": "C", **environment}
-        return subprocess.run([program, *arguments], cwd=self.folder, env=env,
-                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=100)
-
-    def ok(self, *arguments, **environment):
-        """The output of a run that succeeds and says nothing on the error stream."""
-        done = self.run_raw(*arguments, **environment)
-        self.assertEqual((0, b""), (done.returncode, done.stderr))
-        return done.stdout.decode("utf-8")
-
-    def fails(self, status, *arguments, **options):
-        """The one line of a run that fails with this status."""
-        done = self.run_raw(*arguments, **options)
-        self.assertEqual(status, done.returncode, done.stderr)
-        message = done.stderr.decode("utf-8")
-        self.assertRegex(message, r"\Aovscene: [^\n]+\n\Z")
-        return message[len("ovscene: "):-1]
-
-    def matches_golden(self, name, text):
-        golden = GOLDEN / name
-        if os.environ.get("OVSCENE_APPROVE"):
-            golden.write_text(text, encoding="utf-8")
-        self.assertEqual(golden.read_text(encoding="utf-8"), text)
 
 
 class General(OvsceneCase):
@@ -237,7 +199,6 @@ class Tree(OvsceneCase):
         self.assertEqual(15, len(self.json_lines("shared.optree", "--depth", "3")))
 
     def test_other_content_cannot_be_walked(self):
-        self.assertIn("op.optree: holds an op tree;", self.fails(4, "tree", "op.optree"))
         self.assertIn("holds a plain attribute", self.fails(4, "tree", "plain.optree.json"))
 
 
@@ -289,7 +250,6 @@ class Attrs(OvsceneCase):
         self.assertIn("(0 1 2) (3 4 5)", self.ok("attrs", "data.optree"))
         self.assertIn("opType", self.ok("attrs", "op.optree"))
         self.assertEqual("group", self.document("plain.optree.json")["attribute"]["kind"])
-        self.assertIn("holds an op tree;", self.fails(4, "attrs", "op.optree", "/root"))
 
     def test_hostile_texts_are_escaped(self):
         path = b"/root/\x1b[31mred\xff\n\"<&>\xc2\x9b\xe2\x80\xae"
@@ -346,8 +306,8 @@ class Stats(OvsceneCase):
         self.assertEqual(("text", binary["hash"]), (text["form"], text["hash"]))
 
     def test_other_content_has_no_locations(self):
-        document = self.document("op.optree")
-        self.assertEqual("op tree", document["content"])
+        document = self.document("data.optree")
+        self.assertEqual("attribute", document["content"])
         self.assertNotIn("locations", document)
         self.assertNotIn("locations", self.ok("stats", "data.optree"))
 

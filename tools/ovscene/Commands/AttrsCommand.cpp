@@ -9,6 +9,7 @@
 #include "Print/Table.h"
 #include "Print/Terminal.h"
 #include "Scene/AttributeWalk.h"
+#include "Scene/SceneErrors.h"
 #include "Scene/SceneFile.h"
 #include "Scene/SceneWalk.h"
 
@@ -43,22 +44,27 @@ struct Subject {
     std::string path;  ///< Empty for the attribute that the file holds.
     std::string type;
     std::string name;
+    SceneErrors errors;  ///< The location's own.
 };
 
 Subject locationSubject(const SceneFile& file, const AttrsOptions& options) {
     const FoundLocation found = findLocation(topLocation(file), *options.path, file.name);
     VisitLimit limit(file.name);
-    const std::string path = SceneWalk(found.location, found.parentPath, limit).path();
-    const Attribute attribute = found.location.attribute(options.name);
+    const SceneWalk walk(found.location, found.parentPath, limit);
+    const std::string path = walk.path();
+    const Attribute attribute = found.location->attribute(options.name);
     if (!attribute && !options.name.empty()) {
         throw CommandError(ExitStatus::NotFound,
                            file.name + ": no attribute " + options.name + " at " + path);
     }
-    return {attribute, path, found.location.type(), options.name};
+    Subject subject{attribute, path, found.location->type(), options.name, SceneErrors()};
+    subject.errors.look(walk);
+    return subject;
 }
 
 Subject subjectOf(const SceneFile& file, const AttrsOptions& options) {
-    return options.path ? locationSubject(file, options) : Subject{file.attribute, "", "", ""};
+    return options.path ? locationSubject(file, options)
+                        : Subject{file.attribute, "", "", "", SceneErrors()};
 }
 
 void printXml(const Subject& subject, const std::string& filename, Output& output) {
@@ -195,6 +201,7 @@ void runAttrs(const AttrsOptions& options, Output& output) {
     } else {
         printLines(subject, file.name, output);
     }
+    subject.errors.tell(file.name, output);
 }
 
 }  // namespace
@@ -205,7 +212,7 @@ void addAttrsCommand(CLI::App& app, Output& output) {
     command->add_option("FILE", options->file, "A file, binary or text")->required();
     command->add_option("PATH",
                         options->path,
-                        "A location of a static scene; without one, what the file\n"
+                        "A location of the scene; without one, what the file\n"
                         "holds is shown, whatever it is");
     command->add_option("NAME", options->name, "One attribute alone; dots step into groups");
     CLI::Option* xml =

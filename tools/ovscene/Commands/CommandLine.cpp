@@ -7,12 +7,10 @@
 #include "Commands/ServiceOptions.h"
 #include "ExitStatus.h"
 #include "Print/Output.h"
-#include "Print/SafeText.h"
 #include "Print/Terminal.h"
 
 #include <csignal>
 #include <cstddef>
-#include <cstdio>
 #include <exception>
 #include <new>
 #include <string>
@@ -43,7 +41,7 @@ constexpr char kFooter[] =
 constexpr char kCommandFooter[] = "\n\n'ovscene --help' tells the options of every command.";
 
 int fail(ExitStatus status, const std::string& message) {
-    std::fprintf(stderr, "ovscene: %s\n", safeText(message).c_str());
+    tellUser(message);
     return static_cast<int>(status);
 }
 

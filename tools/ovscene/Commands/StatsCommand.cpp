@@ -96,6 +96,9 @@ void reportLocations(Report& report, const Statistics& statistics) {
     report.line("levels", numberText(static_cast<std::int64_t>(statistics.depths.size())));
     report.rows(byDepth(statistics.depths));
     report.line("shapes", numberText(statistics.shapes));
+    if (statistics.errors.count() > 0) {
+        report.line("errors", numberText(statistics.errors.count()));
+    }
 }
 
 void reportAttributes(Report& report, const Statistics& statistics) {
@@ -165,6 +168,7 @@ void writeLocationsJson(JsonWriter& json, const Statistics& statistics) {
     }
     json.EndArray();
     writeJsonMember(json, "shapes", statistics.shapes);
+    writeJsonMember(json, "errors", statistics.errors.count());
 }
 
 void writeAttributesJson(JsonWriter& json, const Statistics& statistics) {
@@ -206,6 +210,7 @@ void runStats(const StatsOptions& options, Output& output) {
     const SceneFile file = readSceneFile(options.file);
     const Statistics statistics = collectStatistics(file);
     options.json ? printJson(output, file, statistics) : printReport(output, file, statistics);
+    statistics.errors.tell(file.name, output);
 }
 
 }  // namespace
@@ -217,7 +222,8 @@ void addStatsCommand(CLI::App& app, Output& output) {
     command->add_flag("--json", options->json, "Print as one JSON document");
     command->footer(
         "Values, bytes and samples are counted wherever they occur; 'distinct' counts equal\n"
-        "values once. A file that holds no static scene has no locations to count.\n\n"
+        "values once. Of an op tree, what it makes is counted. A plain attribute has no "
+        "locations.\n\n"
         "Examples:\n"
         "  ovscene stats chair.optree\n"
         "  ovscene stats chair.optree --json");

@@ -6,6 +6,7 @@
 #include "Print/SafeText.h"
 #include "Print/Table.h"
 #include "Print/Terminal.h"
+#include "Scene/SceneErrors.h"
 #include "Scene/SceneFile.h"
 #include "Scene/SceneWalk.h"
 
@@ -22,6 +23,7 @@ constexpr std::size_t kLevelsDrawn = 24;
 constexpr std::size_t kDeepestPath = 256;
 constexpr std::size_t kLongestName = 80;
 constexpr std::size_t kLongestType = 32;
+constexpr std::size_t kLongestError = 120;
 
 struct TreeOptions {
     std::string file;
@@ -58,15 +60,22 @@ Cell typeCell(const SceneLocation& location, const Palette& palette) {
     return {palette.type(type), displayWidth(type)};
 }
 
-std::vector<Cell> treeLine(const SceneWalk& walk, const Palette& palette) {
+std::vector<Cell> treeLine(const SceneWalk& walk,
+                           const std::string& error,
+                           const Palette& palette) {
     const SceneLocation& location = walk.location();
-    return {locationCell(walk, palette),
-            typeCell(location, palette),
-            Cell::number(numberText(location.childCount())),
-            Cell::number(numberText(location.attributes().getNumberOfChildren()))};
+    std::vector<Cell> line = {
+        locationCell(walk, palette),
+        typeCell(location, palette),
+        Cell::number(numberText(location.childCount())),
+        Cell::number(numberText(location.attributes().getNumberOfChildren()))};
+    if (!error.empty()) {
+        line.push_back(Cell::left("error: " + safeText(error, kLongestError)));
+    }
+    return line;
 }
 
-void printTree(SceneWalk walk, Output& output) {
+void printTree(SceneWalk walk, SceneErrors& errors, Output& output) {
     const Palette palette;
     Table table(output);
     table.add({Cell::left("location"),
@@ -75,13 +84,16 @@ void printTree(SceneWalk walk, Output& output) {
                Cell::number("attributes")});
     std::int64_t count = 0;
     for (; !walk.atEnd(); walk.next(), ++count) {
-        table.add(treeLine(walk, palette));
+        table.add(treeLine(walk, errors.look(walk), palette));
     }
     table.finish();
     output.write("\n" + counted(count, "location") + "\n");
 }
 
-void writeTreeLine(JsonWriter& json, const SceneWalk& walk, const std::vector<std::int64_t>& ids) {
+void writeTreeLine(JsonWriter& json,
+                   const SceneWalk& walk,
+                   const std::string& error,
+                   const std::vector<std::int64_t>& ids) {
     const SceneLocation& location = walk.location();
     json.StartObject();
     writeJsonMember(json, "id", ids.back());
@@ -95,17 +107,20 @@ void writeTreeLine(JsonWriter& json, const SceneWalk& walk, const std::vector<st
     writeJsonMember(json, "type", location.type());
     writeJsonMember(json, "children", location.childCount());
     writeJsonMember(json, "attributes", location.attributes().getNumberOfChildren());
+    if (!error.empty()) {
+        writeJsonMember(json, "errorMessage", error);
+    }
     json.EndObject();
 }
 
-void printTreeJson(SceneWalk walk, Output& output) {
+void printTreeJson(SceneWalk walk, SceneErrors& errors, Output& output) {
     JsonStream stream(output);
     JsonWriter json(stream);
     std::vector<std::int64_t> ids;  // of the location and of those above it
     for (std::int64_t id = 0; !walk.atEnd(); walk.next(), ++id) {
         ids.resize(walk.depth());
         ids.push_back(id);
-        writeTreeLine(json, walk, ids);
+        writeTreeLine(json, walk, errors.look(walk), ids);
         output.put('\n');
         json.Reset(stream);
     }
@@ -118,7 +133,10 @@ void runTree(const TreeOptions& options, Output& output) {
         options.depth < 0 ? SceneWalk::kNoDepth : static_cast<std::size_t>(options.depth);
     VisitLimit limit(file.name);
     SceneWalk walk(std::move(found.location), std::move(found.parentPath), limit, deepest);
-    options.json ? printTreeJson(std::move(walk), output) : printTree(std::move(walk), output);
+    SceneErrors errors;
+    options.json ? printTreeJson(std::move(walk), errors, output)
+                 : printTree(std::move(walk), errors, output);
+    errors.tell(file.name, output);
 }
 
 }  // namespace
@@ -126,7 +144,8 @@ void runTree(const TreeOptions& options, Output& output) {
 void addTreeCommand(CLI::App& app, Output& output) {
     const auto options = std::make_shared<TreeOptions>();
     CLI::App* command = app.add_subcommand("tree", "Shows the locations of a scene");
-    command->add_option("FILE", options->file, "A static scene, binary or text")->required();
+    command->add_option("FILE", options->file, "A static scene or an op tree, binary or text")
+        ->required();
     command->add_option("PATH", options->path, "The location to start at")->capture_default_str();
     command->add_option("--depth", options->depth, "Levels to show below it; all by default")
         ->check(isCount())

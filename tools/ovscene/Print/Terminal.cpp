@@ -59,6 +59,10 @@ void occupyStandardStreams() {
     }
 }
 
+void tellUser(const std::string& text) {
+    std::fprintf(stderr, "ovscene: %s\n", safeText(text).c_str());
+}
+
 Progress::Progress(std::string work)
     : work_(std::move(work)),
       on_(::isatty(STDERR_FILENO) == 1 && !isDumbTerminal()),

@@ -31,6 +31,9 @@ std::size_t outputColumns();
 /// opened later takes its number.
 void occupyStandardStreams();
 
+/// One line on the standard error stream, with the program's name in front.
+void tellUser(const std::string& text);
+
 /// One line on the standard error stream, written over itself, that tells how far long work has
 /// come. Silent when that stream is no terminal, and for the first half second.
 class Progress {

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Scene/SceneFile.h"
 
+#include <OvSylvarProducers/ThreadAwareGeometryProducer.h>
+#include <OvSylvarProducers/ThreadLocalClient.h>
+
 #include "ExitStatus.h"
 #include "Scene/InputFile.h"
 
@@ -27,13 +30,50 @@ std::filesystem::path folderOf(const std::string& filename) {
     return folder.empty() ? std::filesystem::path(".") : folder;
 }
 
-std::string reasonAgainstWalking(AttributeContent content) {
-    if (content == AttributeContent::OpTree) {
-        return "holds an op tree; its locations appear only when it is cooked, and only a file of "
-               "a static scene can be walked";
+constexpr char kTopPath[] = "/root";
+
+[[noreturn]] void throwMalformed(const SceneFile& file, const std::string& reason) {
+    throw CommandError(ExitStatus::InputMalformed, file.name + ": " + reason);
+}
+
+SceneLocationPtr openStaticScene(const SceneFile& file) {
+    const auto group = OvAttribute::castAttribute<GroupAttribute>(file.attribute);
+    if (!group) {
+        throwMalformed(file, "the scene is no group");
     }
-    return "holds a plain attribute, and no static scene that could be walked; 'ovscene attrs' "
-           "without a path shows it";
+    return staticTopLocation(group);
+}
+
+/// Why no ops can be built from it.
+std::string faultOf(const GroupAttribute& opTree) {
+    for (std::int64_t i = 0; i < opTree.getNumberOfChildren(); ++i) {
+        if (opTree.getChildByIndex(i).getType() != OV_ATTRIBUTE_GROUP) {
+            return "the op '" + opTree.getChildName(i) + "' is no group";
+        }
+    }
+    return opTree.getNumberOfChildren() == 0 ? "it has no ops" : "the log tells why";
+}
+
+/// Whether the calling thread has a client of the op tree: it is the one that producers will use.
+bool hasClient(const SYLVAR::OpTreeSource& source) {
+    return SYLVAR::ThreadLocalClient(source).getClient() != nullptr;
+}
+
+/// A pipe can't be read again, so what it held is opened.
+SceneLocationPtr openOpTree(const SceneFile& file) {
+    const bool isReadAgain = isOrdinaryFile(file.name);
+    const auto group = OvAttribute::castAttribute<GroupAttribute>(file.attribute);
+    if (!hasClient(isReadAgain ? SYLVAR::OpTreeSource::createFromFile(file.name)
+                               : SYLVAR::OpTreeSource::createFromGroupAttribute(group))) {
+        throwMalformed(file, "the op tree cannot be opened; " + faultOf(group));
+    }
+    const GeometryProducerPtr top =
+        isReadAgain ? SYLVAR::CreateThreadAwareGeometryProducer(file.name, kTopPath)
+                    : SYLVAR::CreateThreadAwareGeometryProducer(group, kTopPath);
+    if (!top) {
+        throwMalformed(file, std::string("the op tree makes no location ") + kTopPath);
+    }
+    return cookedTopLocation(top);
 }
 
 }  // namespace
@@ -55,16 +95,18 @@ SceneFile readSceneFile(const std::string& filename) {
             taken.count()};
 }
 
-SceneLocation topLocation(const SceneFile& file) {
-    if (file.content != AttributeContent::StaticScene) {
-        throw CommandError(ExitStatus::InputMalformed,
-                           file.name + ": " + reasonAgainstWalking(file.content));
+SceneLocationPtr topLocation(const SceneFile& file) {
+    switch (file.content) {
+        case AttributeContent::StaticScene:
+            return openStaticScene(file);
+        case AttributeContent::OpTree:
+            return openOpTree(file);
+        case AttributeContent::Attribute:
+            break;
     }
-    const auto group = OvAttribute::castAttribute<GroupAttribute>(file.attribute);
-    if (!group) {
-        throw CommandError(ExitStatus::InputMalformed, file.name + ": the scene is no group");
-    }
-    return SceneLocation("root", group);
+    throwMalformed(file,
+                   "holds a plain attribute, and no scene that could be walked; 'ovscene attrs' "
+                   "without a path shows it");
 }
 
 std::int64_t writeSceneFile(const Attribute& attribute,

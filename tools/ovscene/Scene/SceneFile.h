@@ -28,8 +28,10 @@ struct SceneFile {
 /// read, InputMalformed with the reader's message when its bytes are no attribute.
 SceneFile readSceneFile(const std::string& filename);
 
-/// The top location of a static scene, /root. Throws InputMalformed for a file of other content.
-SceneLocation topLocation(const SceneFile& file);
+/// The top location of the scene, /root. That of an op tree is cooked, and so are others when they
+/// are stepped to. Throws InputMalformed for a file of other content, and for an op tree that has
+/// no such location or cannot be opened, which the log tells more of.
+SceneLocationPtr topLocation(const SceneFile& file);
 
 /// Writes in the form that the file name asks for; returns the file's size. Throws
 /// OutputUnwritable.

@@ -4,6 +4,7 @@
 #include <OvSylvarProducers/GeometryProducer.h>
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace ovscene {
@@ -11,15 +12,16 @@ namespace ovscene {
 using SYLVAR::GeometryProducerPtr;
 using SYLVAR::GroupAttribute;
 
-/// One location of a static scene: the producer that answers for it, and the steps down.
-///
-/// A step costs the same whatever the place: the producer is made for the location alone and
-/// knows neither siblings nor parents, so a walk over millions of siblings or thousands of levels
-/// keeps no path that grows with it.
+class SceneLocation;
+using SceneLocationPtr = std::shared_ptr<const SceneLocation>;
+
+/// One location of a scene: the producer that answers for it, and the steps to its neighbours.
+/// Immutable; any thread may use it, and hand it on.
 class SceneLocation {
 public:
-    /// A null group is a location without attributes and without children.
-    SceneLocation(std::string name, const GroupAttribute& group);
+    virtual ~SceneLocation() = default;
+    SceneLocation(const SceneLocation&) = delete;
+    SceneLocation& operator=(const SceneLocation&) = delete;
 
     /// The decoded name: any bytes.
     const std::string& name() const { return name_; }
@@ -34,18 +36,47 @@ public:
         return producer_->getAttribute(name.c_str());
     }
 
-    std::int64_t childCount() const { return children_.getNumberOfChildren(); }
+    /// What is wrong with the location, from its string attribute "errorMessage"; empty when
+    /// nothing is.
+    std::string errorMessage() const;
 
-    /// Child `index`, which must be there. A child that is no group is an empty location.
-    SceneLocation child(std::int64_t index) const;
+    /// The calling thread's client of the runtime; empty for a static scene.
+    std::shared_ptr<SYLVAR::SylvarRuntime::Client> client() const { return producer_->getClient(); }
 
-    /// The place of the child with that name, decoded or encoded; -1 when there is none.
-    std::int64_t indexOf(const std::string& name) const;
+    /// The places for children. In a cooked scene some may turn out to be empty.
+    virtual std::int64_t childCount() const = 0;
+
+    /// The first child that is there, from that place on; null when there is none.
+    virtual SceneLocationPtr childFrom(std::int64_t place) const = 0;
+
+    /// The next one that is there beside this location; null when there is none, and for the top.
+    virtual SceneLocationPtr nextSibling() const = 0;
+
+    /// The child of that name, decoded or encoded; null when there is none.
+    virtual SceneLocationPtr childNamed(const std::string& name) const = 0;
+
+    /// Its own place below the location above; 0 for the top.
+    std::int64_t place() const { return place_; }
+
+protected:
+    SceneLocation(GeometryProducerPtr producer, std::string name, std::int64_t place);
+
+    const GeometryProducerPtr& producer() const { return producer_; }
 
 private:
-    std::string name_;
-    GroupAttribute children_;
     GeometryProducerPtr producer_;
+    std::string name_;
+    std::int64_t place_;
 };
+
+/// The top of a static scene, /root. A step costs the same whatever the place: each location has a
+/// producer of its own that knows neither siblings nor parents, so a walk over millions of siblings
+/// or thousands of levels keeps no path that grows with it. A child that is no group is a location
+/// without attributes and without children, and so is a null group.
+SceneLocationPtr staticTopLocation(const GroupAttribute& scene);
+
+/// A location that a runtime cooks, as the top of what is walked: its neighbours are those of the
+/// producer, which must not be null.
+SceneLocationPtr cookedTopLocation(const GeometryProducerPtr& producer);
 
 }  // namespace ovscene

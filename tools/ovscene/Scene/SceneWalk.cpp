@@ -38,65 +38,60 @@ std::vector<std::string> splitPath(const std::string& path) {
 }
 
 std::string missingChild(const FoundLocation& nearest, const std::string& name) {
-    return nearest.parentPath + pathComponent(nearest.location.name()) + " has " +
-           (nearest.location.childCount() == 0
-                ? "no children"
-                : numberText(nearest.location.childCount()) +
-                      (nearest.location.childCount() == 1 ? " child, not '" : " children, none '") +
-                      name + "'");
+    const std::int64_t count = nearest.location->childCount();
+    return nearest.parentPath + pathComponent(nearest.location->name()) + " has " +
+           (count == 0 ? "no children"
+                       : numberText(count) + (count == 1 ? " child, not '" : " children, none '") +
+                             name + "'");
 }
 
 }  // namespace
 
-FoundLocation findLocation(const SceneLocation& top,
+FoundLocation findLocation(const SceneLocationPtr& top,
                            const std::string& path,
                            const std::string& filename) {
     const std::vector<std::string> parts = splitPath(path);
-    if (parts.empty() || parts.front() != top.name()) {
-        throwNotFound(filename, path, "the top location is /" + top.name());
+    if (parts.empty() || parts.front() != top->name()) {
+        throwNotFound(filename, path, "the top location is /" + top->name());
     }
     FoundLocation found{top, ""};
     for (std::size_t i = 1; i < parts.size(); ++i) {
-        const std::int64_t index = found.location.indexOf(parts[i]);
-        if (index < 0) {
+        SceneLocationPtr child = found.location->childNamed(parts[i]);
+        if (!child) {
             throwNotFound(filename, path, missingChild(found, parts[i]));
         }
-        found.parentPath += pathComponent(found.location.name());
-        found.location = found.location.child(index);
+        found.parentPath += pathComponent(found.location->name());
+        found.location = std::move(child);
     }
     return found;
 }
 
-SceneWalk::SceneWalk(SceneLocation first,
+SceneWalk::SceneWalk(SceneLocationPtr first,
                      std::string parentPath,
                      VisitLimit& limit,
                      std::size_t deepest)
     : parentPath_(std::move(parentPath)), limit_(limit), deepest_(deepest) {
     limit_.count();
-    stack_.push_back({std::move(first)});
+    stack_.push_back({std::move(first), nullptr});
 }
 
 void SceneWalk::next() {
-    if (depth() >= deepest_) {
+    SceneLocationPtr next = depth() < deepest_ ? location().childFrom(0) : nullptr;
+    while (!next && !stack_.empty()) {
+        next = std::move(stack_.back().next);
         stack_.pop_back();
     }
-    while (!stack_.empty() && stack_.back().nextChild == stack_.back().location.childCount()) {
-        stack_.pop_back();
-    }
-    if (!stack_.empty()) {
+    if (next) {
         limit_.count();
-        stack_.push_back({stack_.back().location.child(stack_.back().nextChild++)});
+        SceneLocationPtr after = next->nextSibling();
+        stack_.push_back({std::move(next), std::move(after)});
     }
-}
-
-bool SceneWalk::isLastSibling(std::size_t depth) const {
-    return depth == 0 || stack_[depth - 1].nextChild == stack_[depth - 1].location.childCount();
 }
 
 std::string SceneWalk::path() const {
     std::string path = parentPath_;
     for (const Level& level : stack_) {
-        path += pathComponent(level.location.name());
+        path += pathComponent(level.location->name());
     }
     return path;
 }

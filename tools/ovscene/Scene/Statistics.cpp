@@ -41,7 +41,7 @@ public:
     explicit Collector(const SceneFile& file)
         : limit_(file.name), progress_("walking " + file.name) {}
 
-    void addScene(SceneLocation top) {
+    void addScene(SceneLocationPtr top) {
         statistics_.hasLocations = true;
         for (SceneWalk walk(std::move(top), "", limit_); !walk.atEnd(); walk.next()) {
             addLocation(walk);
@@ -68,6 +68,7 @@ private:
     void addLocation(const SceneWalk& walk) {
         const SceneLocation& location = walk.location();
         ++statistics_.locations;
+        statistics_.errors.look(walk);
         ++statistics_.types[location.type()];
         statistics_.depths.resize(std::max(statistics_.depths.size(), walk.depth() + 1));
         ++statistics_.depths[walk.depth()];
@@ -138,10 +139,10 @@ private:
 Statistics collectStatistics(const SceneFile& file) {
     const auto start = std::chrono::steady_clock::now();
     Collector collector(file);
-    if (file.content == AttributeContent::StaticScene) {
-        collector.addScene(topLocation(file));
-    } else {
+    if (file.content == AttributeContent::Attribute) {
         collector.addAttributes(file.attribute, nullptr);
+    } else {
+        collector.addScene(topLocation(file));
     }
     Statistics statistics = collector.result();
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;

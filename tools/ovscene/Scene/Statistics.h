@@ -4,6 +4,7 @@
 #include <SylvarPlatform/Hash.h>
 
 #include "Scene/AttributeWalk.h"
+#include "Scene/SceneErrors.h"
 #include "Scene/SceneFile.h"
 #include "Scene/SceneWalk.h"
 
@@ -23,12 +24,13 @@ struct LargeAttribute {
     std::int64_t bytes = 0;
 };
 
-/// What a file holds, counted. Values, their bytes and their samples are counted wherever they
-/// occur; `distinct` counts equal values once.
+/// What a file holds, counted: the scene that it makes, or its attribute. Values, their bytes and
+/// their samples are counted wherever they occur; `distinct` counts equal values once.
 struct Statistics {
     bool hasLocations = false;
     std::int64_t locations = 0;
     std::map<std::string, std::int64_t> types;
+    SceneErrors errors;
     std::vector<std::int64_t> depths;  ///< The number of locations of each depth, the top first.
 
     std::int64_t attributes = 0;  ///< Of all kinds, nested ones too.

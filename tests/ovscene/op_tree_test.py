@@ -1,0 +1,163 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
+"""Runs ovscene over op trees. The environment is that of ovscene_case.py."""
+import json
+import unittest
+
+from ovscene_case import OvsceneCase
+
+
+class OpTreeCase(OvsceneCase):
+    def write_document(self, name, content, root):
+        (self.folder / name).write_text(json.dumps(
+            {"format": "sylvar", "version": 1, "content": content, "root": root}))
+        return name
+
+    def write_op_tree(self, name, **ops):
+        """A file of ops, each a tuple of type, arguments and inputs."""
+        return self.write_document(name, "op tree", {
+            op: {"opType": type, "opArgs": arguments, "opInputs": list(inputs)} if inputs else
+                {"opType": type, "opArgs": arguments}
+            for op, (type, arguments, *inputs) in ops.items()})
+
+    def warns(self, *arguments):
+        """The output of a run that succeeds with one line on the error stream, and that line."""
+        done = self.run_raw(*arguments, "--log", "off")
+        self.assertEqual(0, done.returncode, done.stderr)
+        self.assertRegex(done.stderr, rb"\Aovscene: [^\n]+\n\Z")
+        return done.stdout.decode("utf-8"), done.stderr.decode("utf-8")[len("ovscene: "):-1]
+
+
+class OpTrees(OpTreeCase):
+    """tree, attrs and stats over what an op tree makes."""
+
+    def setUp(self):
+        self.write_op_tree("load.json", load=("load", {"file": "small.optree"}))
+        self.write_op_tree("faulty.json", made=(
+            "generate", {"breadth": 3, "depth": 3, "failEvery": 5, "absentEvery": 7}))
+
+    def json_lines(self, *arguments):
+        return [json.loads(line) for line in self.ok("tree", *arguments, "--json").splitlines()]
+
+    def test_a_loaded_scene_is_shown_as_the_file_itself(self):
+        for arguments in ((), ("/root/world/geo/",), ("--depth", "1"), ("--json",)):
+            with self.subTest(arguments):
+                self.assertEqual(self.ok("tree", "small.optree", *arguments),
+                                 self.ok("tree", "load.json", *arguments))
+        for arguments in ((), ("geometry.points",), ("--xml",)):
+            with self.subTest(arguments):
+                self.assertEqual(self.ok("attrs", "small.optree", "/root/world/geo/quad", *arguments),
+                                 self.ok("attrs", "load.json", "/root/world/geo/quad", *arguments))
+
+    def test_a_loaded_scene_is_counted_as_the_file_itself(self):
+        static, cooked = (json.loads(self.ok("stats", file, "--json"))
+                          for file in ("small.optree", "load.json"))
+        self.assertEqual(("op tree", "text"), (cooked["content"], cooked["form"]))
+        for name in ("file", "content", "form", "bytes", "hash", "readSeconds", "walkSeconds"):
+            del static[name], cooked[name]
+        self.assertEqual(static, cooked)
+
+    def test_a_loaded_scene_of_many_siblings(self):
+        self.write_op_tree("wide.json", load=("load", {"file": "wide.optree"}))
+        self.assertEqual(self.ok("tree", "wide.optree"), self.ok("tree", "wide.json"))
+
+    def test_both_forms_show_the_same(self):
+        self.ok("convert", "load.json", "load.optree")
+        self.assertEqual(self.ok("tree", "load.json"), self.ok("tree", "load.optree"))
+
+    def test_a_pipe_is_read_once(self):
+        done = self.run_raw("tree", "/dev/stdin", input=(self.folder / "load.json").read_bytes())
+        self.assertEqual(self.ok("tree", "load.json"), done.stdout.decode("utf-8"))
+
+    def test_a_generated_scene(self):
+        self.write_op_tree("made.json", made=("generate", {"breadth": 3, "depth": 2}))
+        paths = [line["path"] for line in self.json_lines("made.json")]
+        expected = ["/root"]
+        for i in range(3):
+            expected += [f"/root/c{i}"] + [f"/root/c{i}/c{j}" for j in range(3)]
+        self.assertEqual(expected, paths)
+        self.assertEqual([1, 3, 9], json.loads(self.ok("stats", "made.json", "--json"))["depths"])
+        self.assertEqual("/root/c2/c1", self.json_lines("made.json", "/root/c2/c1")[0]["path"])
+
+    def test_a_missing_location_tells_what_is_there(self):
+        for path, expected in (
+                ("/root/world/gone", "/root/world has 3 children, none 'gone'"),
+                ("/root/..", "/root has 1 child, not '..'"), ("/root/.", "/root has 1 child, not '.'"),
+                ("/root//world", "/root has 1 child, not ''"),
+                ("/root/a%2Fb", "/root has 1 child, not 'a%2Fb'"),
+                ("/root/world/empty/a/b", "/root/world/empty has no children"),
+                ("/other", "the top location is /root")):
+            with self.subTest(path):
+                self.assertIn(expected, self.fails(5, "tree", "load.json", path))
+                self.assertIn(expected, self.fails(5, "attrs", "load.json", path))
+
+    def test_an_encoded_name_finds_its_location(self):
+        self.write_document("odd.json", "static scene", {"c": {"x%2Ey": {"a": {"type": "found"}}}})
+        self.write_op_tree("load_odd.json", load=("load", {"file": "odd.json"}))
+        for path in ("/root/x.y", "/root/x%2Ey"):
+            with self.subTest(path):
+                self.assertEqual("found", self.json_lines("load_odd.json", path)[0]["type"])
+
+    def test_locations_that_are_not_there_are_left_out(self):
+        self.write_op_tree("holes.json", made=("generate", {"breadth": 3, "depth": 1, "absentEvery": 3}))
+        lines = self.json_lines("holes.json")
+        self.assertEqual(["root", "c0", "c1"], [line["name"] for line in lines])
+        self.assertEqual(3, lines[0]["children"])
+        self.assertIn("└── c1", self.ok("tree", "holes.json"))
+
+    def test_errors_are_shown_where_they_are_and_counted(self):
+        text, told = self.warns("tree", "faulty.json")
+        marked = [line for line in text.splitlines() if "  error: generate (op 1 of 1" in line]
+        lines = [json.loads(line) for line in self.warns("tree", "faulty.json", "--json")[0].splitlines()]
+        wrong = [line for line in lines if "errorMessage" in line]
+        self.assertEqual(6, len(marked))
+        self.assertEqual(6, len(wrong))
+        self.assertEqual("/root/c0/c0/c2", wrong[0]["path"])
+        self.assertIn("/root/c0/c0/c2: fails as it is told to", wrong[0]["errorMessage"])
+        self.assertRegex(told, r"\Afaulty\.json: 6 locations with errors, the first at /root/c0/c0/c2: ")
+
+    def test_errors_are_told_by_attrs_and_stats(self):
+        self.assertIn("faulty.json: 1 location with errors, the first at /root/c0/c1: ",
+                      self.warns("attrs", "faulty.json", "/root/c0/c1")[1])
+        text, told = self.warns("stats", "faulty.json")
+        self.assertRegex(text, r"\nerrors +6\n")
+        self.assertIn("6 locations with errors", told)
+        self.assertEqual(6, json.loads(self.warns("stats", "faulty.json", "--json")[0])["errors"])
+
+    def test_the_log_tells_an_error_too(self):
+        done = self.run_raw("tree", "faulty.json")
+        self.assertRegex(done.stderr, rb"\A[^\n]+ error SylvarRuntime: generate [^\n]+\n"
+                                      rb"(?:[^\n]+\n)*ovscene: faulty\.json: 6 locations ")
+
+    def test_an_op_type_that_is_not_known_is_an_error_of_its_location(self):
+        self.write_op_tree("unknown.json", odd=("nonesuch", {}))
+        text, told = self.warns("tree", "unknown.json")
+        self.assertRegex(text, r"\n/root .*error: .*nonesuch")
+        self.assertIn("1 location with errors, the first at /root: nonesuch", told)
+
+    def test_what_cannot_be_opened(self):
+        self.write_document("none.json", "op tree", {})
+        self.write_document("number.json", "op tree", {"a": {"opType": "generate"}, "b": 1})
+        self.write_op_tree("away.json", far=("scene", {"at": "/world", "tree": {}}))
+        for file, reason in (("none.json", "the op tree cannot be opened; it has no ops"),
+                             ("number.json", "the op tree cannot be opened; the op 'b' is no group"),
+                             ("away.json", "the op tree makes no location /root")):
+            for command in (("tree", file), ("attrs", file, "/root"), ("stats", file)):
+                with self.subTest(command):
+                    self.assertEqual(f"{file}: {reason}", self.fails(4, *command, "--log", "off"))
+
+    def test_without_a_path_the_files_own_attribute_is_shown(self):
+        self.assertRegex(self.ok("attrs", "load.json"), r"opType +string .*\"load\"")
+
+    def test_assets_are_found_along_the_search_path(self):
+        (self.folder / "shelf").mkdir(exist_ok=True)
+        (self.folder / "shelf" / "hidden.optree").write_bytes(
+            (self.folder / "small.optree").read_bytes())
+        self.write_op_tree("asset.json", load=("load", {"file": "hidden.optree"}))
+        self.assertIn("1 location with errors", self.warns("tree", "asset.json")[1])
+        self.assertEqual(self.ok("tree", "small.optree"),
+                         self.ok("tree", "asset.json", "--set", "SYLVAR_ASSET_PATH=nowhere:shelf"))
+
+
+if __name__ == "__main__":
+    unittest.main()
