@@ -5,7 +5,7 @@
 #include "Platform/Embedded/Runtime/RuntimeLog.h"
 #include "Platform/Embedded/Runtime/Store.h"
 
-#include <unordered_set>
+#include <unordered_map>
 #include <utility>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
@@ -47,15 +47,22 @@ std::string InternedOp::report(std::string_view path, const char* reason) {
 
 std::vector<std::shared_ptr<InternedOp>> reachableOps(
     std::vector<std::shared_ptr<InternedOp>> from) {
-    std::unordered_set<const InternedOp*> known;
+    enum class Phase { Entered, Left };
+    std::unordered_map<const InternedOp*, Phase> phases;
     std::vector<std::shared_ptr<InternedOp>> found;
     while (!from.empty()) {
-        std::shared_ptr<InternedOp> op = std::move(from.back());
-        from.pop_back();
-        if (op && known.insert(op.get()).second) {
+        const std::shared_ptr<InternedOp> op = from.back();
+        const auto [phase, isNew] = phases.emplace(op.get(), Phase::Entered);
+        if (op && isNew) {
+            // Comes again, behind all that it reads from.
             from.insert(from.end(), op->inputs().begin(), op->inputs().end());
             op->body().collectOwnOps(from);
-            found.push_back(std::move(op));
+            continue;
+        }
+        from.pop_back();
+        if (op && phase->second == Phase::Entered) {
+            phase->second = Phase::Left;
+            found.push_back(op);
         }
     }
     return found;

@@ -70,7 +70,7 @@ private:
 };
 
 /// The ops that these reach by their inputs and by what they made for themselves, each once, with
-/// themselves; in no special order.
+/// themselves; what an op reads from comes before it.
 std::vector<std::shared_ptr<InternedOp>> reachableOps(
     std::vector<std::shared_ptr<InternedOp>> from);
 

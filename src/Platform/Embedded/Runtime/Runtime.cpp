@@ -12,6 +12,7 @@
 #include <map>
 #include <string>
 #include <thread>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
@@ -86,44 +87,57 @@ Slot* slotOf(InternedOp& op, std::string_view path, const Node*& node) {
 }
 
 /// The slots of a location in what some ops have cooked, and those of what was read elsewhere to
-/// make it.
+/// make it; each op's behind those of the ops that it reads from. So nobody can cook something new
+/// from something old between two of them.
 class Dependents {
 public:
-    explicit Dependents(const std::vector<std::shared_ptr<InternedOp>>& ops) {
-        for (const std::shared_ptr<InternedOp>& op : ops) {
-            ops_.insert(op.get());
+    /// The ops in that order.
+    explicit Dependents(const std::vector<std::shared_ptr<InternedOp>>& ops) : ops_(ops) {
+        for (std::size_t rank = 0; rank < ops.size(); ++rank) {
+            ranks_.emplace(ops[rank].get(), rank);
         }
     }
 
     std::vector<Slot*> find(std::string_view path) {
-        for (InternedOp* const op : ops_) {
-            add(*op, path);
+        for (std::size_t rank = 0; rank < ops_.size(); ++rank) {
+            add(rank, path);
         }
         while (!pending_.empty()) {
             const ForeignRead read = pending_.back();
             pending_.pop_back();
-            if (ops_.count(read.op) != 0) {
-                add(*read.op, read.pathView());
+            const auto rank = ranks_.find(read.op);
+            if (rank != ranks_.end()) {
+                add(rank->second, read.pathView());
             }
         }
-        return std::move(slots_);
+        std::stable_sort(found_.begin(), found_.end(), [](const Found& a, const Found& b) {
+            return a.first < b.first;
+        });
+        std::vector<Slot*> slots;
+        for (const Found& found : found_) {
+            slots.push_back(found.second);
+        }
+        return slots;
     }
 
 private:
-    void add(InternedOp& op, std::string_view path) {
+    using Found = std::pair<std::size_t, Slot*>;
+
+    void add(std::size_t rank, std::string_view path) {
         const Node* node = nullptr;
-        Slot* const slot = slotOf(op, path, node);
+        Slot* const slot = slotOf(*ops_[rank], path, node);
         if (slot && known_.insert(slot).second) {
-            slots_.push_back(slot);
+            found_.emplace_back(rank, slot);
             if (node) {
                 pending_.insert(pending_.end(), node->reads, node->reads + node->readCount);
             }
         }
     }
 
-    std::unordered_set<InternedOp*> ops_;
+    const std::vector<std::shared_ptr<InternedOp>>& ops_;
+    std::unordered_map<const InternedOp*, std::size_t> ranks_;
     std::unordered_set<Slot*> known_;
-    std::vector<Slot*> slots_;
+    std::vector<Found> found_;
     std::vector<ForeignRead> pending_;
 };
 

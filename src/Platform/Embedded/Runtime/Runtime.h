@@ -35,7 +35,7 @@ public:
     /// and those that wait for it, and drops all that its ops have cooked.
     void finalize();
 
-    /// The ops of its clients and all that these read from.
+    /// The ops of its clients and all that these read from, before them.
     std::vector<std::shared_ptr<InternedOp>> ops() const OV_EXCLUDES(mutex_);
 
     /// The ops that its clients look at.

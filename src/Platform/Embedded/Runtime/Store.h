@@ -56,7 +56,8 @@ public:
     /// Takes what was added to the page into account, and drops what passes the budget.
     void endLocation(Reader& reader, StorePage& page) OV_EXCLUDES(mutex_);
 
-    /// Drops what hangs in these slots: they are unknown afterwards. A cook under way is not kept.
+    /// Drops what hangs in these slots, one after the other: they are unknown afterwards. A cook
+    /// under way is not kept.
     void drop(const std::vector<Slot*>& slots) OV_EXCLUDES(mutex_);
 
     /// Runs `find` under the lock, in which nodes stay where they are, and drops the slots that it
