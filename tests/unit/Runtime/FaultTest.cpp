@@ -167,6 +167,19 @@ TEST(Fault, IsARoundOfOpsWhileTheRestStands) {
     EXPECT_THAT(logs.take(), ElementsAre(HasSubstr("cycle: the op is an input of itself")));
 }
 
+TEST(Fault, IsNoRoundThatLeadsThroughAnInputThatAnOpDoesNotRead) {
+    HeardLogs logs;
+    const auto client = OpTree()
+                            .op("s", "scene", scene("/root/a"))
+                            .op("pass", "", GroupAttribute(), {"s", "last"})
+                            .op("off", "merge", Args().set("enabled", 0), {"pass", "last", "gone"})
+                            .op("last", "merge", GroupAttribute(), {"off"})
+                            .open();
+    EXPECT_EQ("", errorAt(*client, "/root"));
+    EXPECT_EQ(2, countFrom(*client, "/root"));
+    EXPECT_THAT(logs.take(), IsEmpty());
+}
+
 TEST(Fault, IsNoMissingInputButAWarningAndAnEmptyScene) {
     HeardLogs logs;
     const auto client = OpTree()

@@ -209,6 +209,27 @@ TEST(Load, SeesAChangedFileAfterAnEvictAndNotBefore) {
     EXPECT_FALSE(isThere(*other, "/root/before"));
 }
 
+TEST(Load, SeesAChangedFileBelowOpsThatOtherRuntimesHave) {
+    TestFile inner("load_below.optree");
+    TestFile outer("load_below_outer.optree");
+    inner.writeOpTree(treeOf("/root/before"));
+    outer.writeOpTree(OpTree().op("l", "load", Args().set("file", inner.path())).group());
+    const GroupAttribute values({{"set", IntAttribute(1)}}, false);
+    const auto client = load(inner.path());
+    const auto other =
+        OpTree()
+            .op("l", "load", Args().set("file", outer.path()))
+            .op("s", "setAttributes", Args().set("paths", "/**").set("values", values), {"l"})
+            .open();
+    EXPECT_TRUE(isThere(*client, "/root/before"));
+    EXPECT_TRUE(isThere(*other, "/root/before"));
+    inner.writeOpTree(treeOf("/root/afterwards"));
+    client->getRuntime()->evict("/root/before");
+    EXPECT_FALSE(other->getCachedLocation("/root").second);
+    EXPECT_TRUE(isThere(*other, "/root/afterwards"));
+    EXPECT_FALSE(isThere(*other, "/root/before"));
+}
+
 TEST(Load, SeesAChangedFileThatAFileLoads) {
     TestFile inner("load_inner.optree");
     TestFile outer("load_outer.optree");

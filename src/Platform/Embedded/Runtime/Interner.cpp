@@ -32,6 +32,18 @@ std::shared_ptr<InternedOp> Interner::intern(InternedOp::Parts parts) {
     return made;
 }
 
+std::vector<std::shared_ptr<InternedOp>> Interner::all() {
+    std::vector<std::shared_ptr<InternedOp>> ops;
+    const MutexLock lock(mutex_);
+    ops.reserve(ops_.size());
+    for (const auto& [hash, entry] : ops_) {
+        if (std::shared_ptr<InternedOp> op = entry.op.lock()) {
+            ops.push_back(std::move(op));
+        }
+    }
+    return ops;
+}
+
 void Interner::forget(const InternedOp& op) {
     const MutexLock lock(mutex_);
     const auto found = ops_.find(op.hash());

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <unordered_map>
+#include <vector>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
@@ -23,6 +24,9 @@ public:
 
     /// The op of these parts' hash: a new one, or the one that is there already.
     std::shared_ptr<InternedOp> intern(InternedOp::Parts parts) OV_EXCLUDES(mutex_);
+
+    /// All ops that there are just now, in no special order.
+    std::vector<std::shared_ptr<InternedOp>> all() OV_EXCLUDES(mutex_);
 
     /// For an op that ends.
     void forget(const InternedOp& op) OV_EXCLUDES(mutex_);

@@ -14,6 +14,7 @@
 #include "Platform/Embedded/Runtime/OpTypeTable.h"
 #include "Platform/Embedded/Runtime/RuntimeLog.h"
 
+#include <algorithm>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -123,13 +124,25 @@ private:
         open(first, stack);
         while (!stack.empty()) {
             const std::size_t place = stack.back();
-            if (states_[place].nextInput == specs_[place].inputs.size()) {
+            if (states_[place].nextInput == inputCount(place)) {
                 stack.pop_back();
                 close(place);
             } else {
                 takeInput(place, stack);
             }
         }
+    }
+
+    /// Whether the op is its first input, whatever the others are.
+    bool isPassing(std::size_t place) const {
+        const OpSpec& spec = specs_[place];
+        return spec.type.empty() ||
+               spec.arguments.getChild<IntAttribute>(kEnabled).getValue(1) == 0;
+    }
+
+    std::size_t inputCount(std::size_t place) const {
+        const std::size_t count = specs_[place].inputs.size();
+        return isPassing(place) ? std::min<std::size_t>(count, 1) : count;
     }
 
     void open(std::size_t place, std::vector<std::size_t>& stack) {
@@ -161,13 +174,11 @@ private:
     void close(std::size_t place) {
         State& state = states_[place];
         state.phase = Phase::Done;
-        const OpSpec& spec = specs_[place];
         if (state.fault.empty()) {
-            state.fault = faultOfEnabled(spec.arguments);
+            state.fault = faultOfEnabled(specs_[place].arguments);
         }
-        const bool isEnabled = spec.arguments.getChild<IntAttribute>(kEnabled).getValue(1) != 0;
-        const bool isPassing = (spec.type.empty() || !isEnabled) && state.fault.empty();
-        ops_[place] = isPassing ? firstOf(state.inputs) : make(place, std::move(state));
+        const bool isFirst = isPassing(place) && state.fault.empty();
+        ops_[place] = isFirst ? firstOf(state.inputs) : make(place, std::move(state));
     }
 
     static std::shared_ptr<InternedOp> firstOf(const InternedOp::Inputs& inputs) {

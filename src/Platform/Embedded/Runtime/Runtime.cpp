@@ -2,6 +2,7 @@
 #include "Platform/Embedded/Runtime/Runtime.h"
 
 #include "Platform/Embedded/Runtime/Client.h"
+#include "Platform/Embedded/Runtime/Interner.h"
 #include "Platform/Embedded/Runtime/Node.h"
 #include "Platform/Embedded/Runtime/Store.h"
 #include "Platform/Embedded/Runtime/WaitingRoom.h"
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <map>
 #include <string>
 #include <thread>
@@ -141,6 +143,41 @@ private:
     std::vector<ForeignRead> pending_;
 };
 
+/// Those of the ops that found something else outside than they had read.
+std::vector<std::shared_ptr<InternedOp>> refreshed(
+    const std::vector<std::shared_ptr<InternedOp>>& ops) {
+    std::vector<std::shared_ptr<InternedOp>> changed;
+    std::copy_if(ops.begin(), ops.end(), std::back_inserter(changed), [](const auto& op) {
+        return op->body().refresh();
+    });
+    return changed;
+}
+
+/// These ops, and all ops of the process that read from them, by way of others too.
+std::vector<std::shared_ptr<InternedOp>> withAllThatReadFrom(
+    std::vector<std::shared_ptr<InternedOp>> found) {
+    std::unordered_map<const InternedOp*, std::vector<std::shared_ptr<InternedOp>>> readers;
+    for (const std::shared_ptr<InternedOp>& op : Interner::instance().all()) {
+        std::vector<std::shared_ptr<InternedOp>> sources = op->inputs();
+        op->body().collectOwnOps(sources);
+        for (const std::shared_ptr<InternedOp>& source : sources) {
+            readers[source.get()].push_back(op);
+        }
+    }
+    std::unordered_set<const InternedOp*> known;
+    for (const std::shared_ptr<InternedOp>& op : found) {
+        known.insert(op.get());
+    }
+    for (std::size_t i = 0; i < found.size(); ++i) {
+        for (const std::shared_ptr<InternedOp>& reader : readers[found[i].get()]) {
+            if (known.insert(reader.get()).second) {
+                found.push_back(reader);
+            }
+        }
+    }
+    return found;
+}
+
 void dropAll(const std::vector<std::shared_ptr<InternedOp>>& ops) {
     std::vector<Slot*> tops;
     for (const std::shared_ptr<InternedOp>& op : ops) {
@@ -176,13 +213,15 @@ std::vector<std::shared_ptr<InternedOp>> Runtime::ops() const {
 
 void Runtime::evict(std::string_view path) {
     const std::vector<std::shared_ptr<InternedOp>> reached = ops();
-    bool isAnother = false;
-    for (const std::shared_ptr<InternedOp>& op : reached) {
-        isAnother |= op->body().refresh();
+    std::vector<std::shared_ptr<InternedOp>> changed = refreshed(reached);
+    if (!changed.empty()) {
+        // Other ops may read the same files.
+        const std::vector<std::shared_ptr<InternedOp>> others =
+            refreshed(Interner::instance().all());
+        changed.insert(changed.end(), others.begin(), others.end());
+        dropAll(withAllThatReadFrom(std::move(changed)));
     }
-    if (isAnother) {
-        dropAll(reached);
-    } else if (path.size() > 1 && path.front() == '/') {
+    if (path.size() > 1 && path.front() == '/') {
         Dependents dependents(reached);
         Store::instance().dropFound([&] { return dependents.find(path); });
     }

@@ -28,7 +28,7 @@ public:
 
     /// Drops a location and those below it for all ops of this runtime's tree, and what was read at
     /// other paths to make it. An op that reads a file checks it anew; when it is another, all that
-    /// these ops have cooked is dropped.
+    /// was cooked of it is dropped, by other runtimes' ops too.
     void evict(std::string_view path);
 
     /// Waits for the cooks of this runtime that are under way, but for those of the calling thread

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <SylvarPlatform/Configuration.h>
+
+#include "support/HeardLogs.h"
+#include "support/OpTree.h"
+#include "support/RuntimeWalk.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <rapidjson/document.h>
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+using namespace ovtest;
+using namespace Sylvar3::internal::OvAttribute;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+const std::string kSource = OV_TEST_SOURCE_DIR;
+
+std::string contentOf(const std::string& file) {
+    std::ostringstream content;
+    content << std::ifstream(file).rdbuf();
+    return content.str();
+}
+
+/// The examples of a page: what stands between "```json" and "```".
+std::vector<std::string> examplesOf(const std::string& page) {
+    const std::string begin = "```json\n";
+    std::vector<std::string> examples;
+    for (std::size_t at = page.find(begin); at != std::string::npos; at = page.find(begin, at)) {
+        at += begin.size();
+        examples.push_back(page.substr(at, page.find("```", at) - at));
+    }
+    return examples;
+}
+
+struct Text {
+    std::string bytes;
+
+    static long read(void* stream, void* buffer, long size) {
+        std::string& bytes = static_cast<Text*>(stream)->bytes;
+        const std::size_t count = std::min(static_cast<std::size_t>(size), bytes.size());
+        std::memcpy(buffer, bytes.data(), count);
+        bytes.erase(0, count);
+        return static_cast<long>(count);
+    }
+};
+
+std::shared_ptr<SylvarRuntime::Client> open(const std::string& text) {
+    const auto runtime = Sylvar3::OvSylvarServicesHost::v1::Sylvar().createRuntime();
+    const auto transaction = runtime->createTransaction();
+    Text stream{text};
+    const auto client = transaction->createClient();
+    transaction->setClientOp(client, transaction->deserializeOps(&stream, Text::read));
+    runtime->commit(transaction);
+    return client;
+}
+
+/// Examples find one another's files in the folder of scenes.
+class OpExamples : public testing::Test {
+protected:
+    OpExamples() { settings().set("SYLVAR_ASSET_PATH", kSource + "/scenes"); }
+    ~OpExamples() override { settings().unset("SYLVAR_ASSET_PATH"); }
+
+    static Sylvar3::OvConfiguration::v1::Configuration& settings() {
+        return *Sylvar3::OvConfiguration::v1::Config();
+    }
+};
+
+void expectToWork(const std::string& text) {
+    HeardLogs logs;
+    const auto client = open(text);
+    int count = 0;
+    walkFrom(*client, "/root", [&](const std::string& path, const auto& location) {
+        ++count;
+        EXPECT_FALSE(location.getAttrs().getChildByName("errorMessage").isValid()) << path;
+    });
+    EXPECT_GT(count, 1) << text;
+    EXPECT_THAT(logs.take(), IsEmpty()) << text;
+}
+
+}  // namespace
+
+TEST_F(OpExamples, OfThePageOnOpsWork) {
+    const std::vector<std::string> examples = examplesOf(contentOf(kSource + "/docs/ops.md"));
+    EXPECT_LE(6U, examples.size());
+    for (const std::string& example : examples) {
+        expectToWork(example);
+    }
+}
+
+TEST_F(OpExamples, OfTheFolderOfScenesWork) {
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(kSource + "/scenes")) {
+        const std::string file = entry.path().string();
+        const std::string end = ".optree.json";
+        if (file.size() > end.size() && file.substr(file.size() - end.size()) == end) {
+            SCOPED_TRACE(file);
+            expectToWork(contentOf(file));
+            ++count;
+        }
+    }
+    EXPECT_LE(3, count);
+}
+
+TEST_F(OpExamples, LightEveryLampOfTheTable) {
+    const auto client = open(contentOf(kSource + "/scenes/room.optree.json"));
+    for (const char* const lamp : {"lamp1", "lamp2"}) {
+        const GroupAttribute attributes =
+            client->cookLocation(std::string("/root/room/world/table/") + lamp).getAttrs();
+        EXPECT_EQ(1.5, attributes.getChild<DoubleAttribute>("light.exposure").getValue(0));
+        EXPECT_LE(1.0, attributes.getChild<DoubleAttribute>("light.intensity").getValue(0));
+    }
+    EXPECT_EQ("the one in front",
+              client->cookLocation("/root/crowd/c0/c1")
+                  .getAttrs()
+                  .getChild<StringAttribute>("label")
+                  .getValue(""));
+}
+
+TEST_F(OpExamples, AreOnAPageThatTellsEveryOpTypeAndItsArguments) {
+    const std::string page = contentOf(kSource + "/docs/ops.md");
+    rapidjson::Document registry;
+    registry.Parse(
+        query(*OpTree().op("g", "generate").open()->getRuntime(), "getAnonymousOpRegistry")
+            .c_str());
+    for (const auto& type : registry["opTypes"].GetArray()) {
+        const std::string heading = "\n## " + std::string(type["type"].GetString()) + "\n";
+        const std::size_t begin = page.find(heading);
+        ASSERT_NE(std::string::npos, begin) << heading;
+        const std::string section =
+            page.substr(begin + 1, page.find("\n## ", begin + 1) - begin - 1);
+        for (const auto& argument : type["arguments"].GetArray()) {
+            EXPECT_THAT(section,
+                        HasSubstr("\n| `" + std::string(argument["name"].GetString()) + "` | " +
+                                  argument["kind"].GetString() + " | " +
+                                  (argument["default"].GetStringLength() == 0
+                                       ? std::string("|")
+                                       : argument["default"].GetString() + std::string(" |"))));
+        }
+    }
+}
