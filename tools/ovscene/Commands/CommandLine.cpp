@@ -65,6 +65,7 @@ void addCommands(CLI::App& app, Output& output, ServiceOptions& services) {
     addTreeCommand(app, output);
     addAttrsCommand(app, output);
     addStatsCommand(app, output);
+    addWalkCommand(app, output);
     addConvertCommand(app, output);
     for (CLI::App* command : app.get_subcommands({})) {
         command->group("Commands");
@@ -102,7 +103,7 @@ void flushBeforeFailing(Output& output) {
 int run(int argc, char** argv) {
     Output output;
     ServiceOptions services;
-    CLI::App app("Imports, shows, counts and converts scenes");
+    CLI::App app("Imports, shows, counts, walks and converts scenes");
     try {
         addCommands(app, output, services);
         parse(app, argc, argv, output);

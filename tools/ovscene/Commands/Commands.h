@@ -15,6 +15,7 @@ void addImportCommand(CLI::App& app, Output& output, const ServiceOptions& servi
 void addTreeCommand(CLI::App& app, Output& output);
 void addAttrsCommand(CLI::App& app, Output& output);
 void addStatsCommand(CLI::App& app, Output& output);
+void addWalkCommand(CLI::App& app, Output& output);
 void addConvertCommand(CLI::App& app, Output& output);
 
 }  // namespace ovscene

@@ -3,7 +3,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstdint>
 #include <string>
 #include <system_error>
 
@@ -32,6 +31,16 @@ std::string checkPositive(const std::string& text) {
 
 CLI::Validator isCount() {
     return CLI::Validator(checkCount, "count");
+}
+
+CLI::Validator isCountUpTo(std::int64_t most) {
+    const auto check = [most](const std::string& text) {
+        std::int64_t count = 0;
+        const bool fits = readsAs(text, count) && count > 0 && count <= most;
+        return fits ? std::string()
+                    : "'" + text + "' is no number from 1 to " + std::to_string(most);
+    };
+    return CLI::Validator(check, "count");
 }
 
 CLI::Validator isPositive() {

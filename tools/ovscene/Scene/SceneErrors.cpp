@@ -25,8 +25,9 @@ void SceneErrors::add(std::int64_t count, const std::string& path, const std::st
 void SceneErrors::tell(const std::string& filename, Output& output) const {
     if (count_ > 0) {
         output.flush();
-        tellUser(filename + ": " + counted(count_, "location") + " with errors, the first at " +
-                 firstPath_ + ": " + firstMessage_);
+        const std::string place = firstPath_.empty() ? "" : ", the first at " + firstPath_;
+        tellUser(filename + ": " + counted(count_, "location") + " with errors" + place + ": " +
+                 firstMessage_);
     }
 }
 

@@ -15,7 +15,8 @@ public:
     /// Counts the location when it has one; gives what it says, otherwise an empty text.
     std::string look(const SceneWalk& walk);
 
-    /// The same for so many errors, of which one is told; a `count` of 0 does nothing.
+    /// Counts so many errors, of which the first is told; its path may be empty, when it is not
+    /// known. A `count` of 0 does nothing.
     void add(std::int64_t count, const std::string& path, const std::string& message);
 
     std::int64_t count() const { return count_; }
