@@ -89,13 +89,14 @@ public:
         }
     }
 
-    bool refresh() const override {
+    bool hasChanged() const override {
         const MutexLock lock(mutex_);
-        if (!loaded_.isThere || FileIdentity(file_) == loaded_.identity) {
-            return false;
-        }
-        loaded_ = {};
-        return true;
+        return loaded_.isThere && !(FileIdentity(file_) == loaded_.identity);
+    }
+
+    std::shared_ptr<const void> forget() const override {
+        const MutexLock lock(mutex_);
+        return std::exchange(loaded_, Loaded()).top;
     }
 
 private:

@@ -280,6 +280,7 @@ Location cookLocation(Session& session, InternedOp& op, std::string_view path) {
             case Finding::State::Absent:
                 return {};
             case Finding::State::Unknown:
+                std::this_thread::yield();
                 continue;
             case Finding::State::Claimed:
                 location =

@@ -40,8 +40,12 @@ public:
     /// Adds the ops that it has made for itself and reads from.
     virtual void collectOwnOps(std::vector<std::shared_ptr<InternedOp>>& /*ops*/) const {}
 
-    /// Checks anew what it has read from outside; true when that is another now, and forgotten.
-    virtual bool refresh() const { return false; }
+    /// Whether what it has read from outside is another now.
+    virtual bool hasChanged() const { return false; }
+
+    /// Forgets what it has read from outside, to read it again when it is needed, and hands over
+    /// what held it. Short, and calls nobody.
+    virtual std::shared_ptr<const void> forget() const { return nullptr; }
 };
 
 /// One argument of an op type.

@@ -166,13 +166,13 @@ StorePage* Store::dropLocked(const std::vector<Slot*>& slots) {
     return settle();
 }
 
-void Store::unlink(Slot& slot) {
+void Store::unlink(Slot& slot, std::uintptr_t next) {
     std::uintptr_t value = slot.load(std::memory_order_acquire);
     do {
         if (value == SlotValue::kGone) {
             return;  // Of a node that was dropped just before.
         }
-    } while (!slot.compare_exchange_weak(value, SlotValue::kUnknown, std::memory_order_acq_rel));
+    } while (!slot.compare_exchange_weak(value, next, std::memory_order_acq_rel));
     hasDropped_ = true;
     if (Node* const node = SlotValue::nodeOf(value)) {
         kill(*node);

@@ -72,6 +72,25 @@ public:
         release(freed);
     }
 
+    /// Drops what hangs in these slots of ops and runs `change`, before anybody cooks anything of
+    /// them again.
+    template <class Change>
+    void dropAround(const std::vector<Slot*>& tops, Change change) OV_EXCLUDES(mutex_) {
+        StorePage* freed = nullptr;
+        {
+            const Support::MutexLock lock(mutex_);
+            for (Slot* const top : tops) {
+                unlink(*top, SlotValue::kGone);
+            }
+            change();
+            for (Slot* const top : tops) {
+                top->store(SlotValue::kUnknown, std::memory_order_release);
+            }
+            freed = settle();
+        }
+        release(freed);
+    }
+
     /// The budget for what could be dropped, in bytes; unlimited at first.
     void setBudget(std::int64_t bytes) { budget_.store(bytes, std::memory_order_relaxed); }
     bool hasBudget() const { return budget_.load(std::memory_order_relaxed) != kUnlimited; }
@@ -102,7 +121,7 @@ private:
     void closeFreePages() OV_REQUIRES(mutex_);
     void dropPage(StorePage& page) OV_REQUIRES(mutex_);
     StorePage* dropLocked(const std::vector<Slot*>& slots) OV_REQUIRES(mutex_);
-    void unlink(Slot& slot) OV_REQUIRES(mutex_);
+    void unlink(Slot& slot, std::uintptr_t next = SlotValue::kUnknown) OV_REQUIRES(mutex_);
     void kill(Node& top) OV_REQUIRES(mutex_);
     void letGo(StorePage& page) OV_REQUIRES(mutex_);
 
