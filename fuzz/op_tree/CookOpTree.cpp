@@ -27,7 +27,7 @@ using Sylvar3::internal::OvSylvar::SylvarRuntime;
 using Sylvar3::OvAssetHost::v1::AssetPlugin;
 using Sylvar3::OvAssetHost::v1::OvAssetPluginManager;
 
-constexpr std::size_t kMostLocations = 200;
+constexpr std::size_t kMostLocations = 100;
 constexpr std::size_t kMostChildren = 20;
 constexpr std::size_t kMostBytes = 1 << 16;
 
@@ -112,7 +112,7 @@ void query(const SylvarRuntime& runtime, const std::string& name) {
 SylvarRuntime::LocationData visit(const SylvarRuntime::Client& client,
                                   const std::string& path,
                                   std::size_t step) {
-    const SylvarRuntime::LocationData location = client.cookLocation(path);
+    SylvarRuntime::LocationData location = client.cookLocation(path);
     const auto cached = client.getCachedLocation(path);
     require(cached.second);
     requireSame(location, cached.first);
@@ -120,7 +120,7 @@ SylvarRuntime::LocationData visit(const SylvarRuntime::Client& client,
         client.getRuntime()->evict(path);
         requireSame(location, client.cookLocation(path));
     }
-    if (step % 67 == 66) {
+    if (step % 31 == 30) {
         client.getRuntime()->finalize();
         require(!client.getCachedLocation("/root").second);
         requireSame(location, client.cookLocation(path));

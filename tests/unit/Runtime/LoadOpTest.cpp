@@ -12,7 +12,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <stdexcept>
+#include <string>
 
 using namespace ovtest;
 using namespace Sylvar3::internal::OvAttribute;
@@ -154,6 +156,23 @@ TEST(Load, IsAnErrorWhereFilesLoadOneAnother) {
     const auto other = load(b.path());
     EXPECT_TRUE(isThere(*other, "/root"));
     EXPECT_GT(10, countFrom(*other, "/root"));
+}
+
+TEST(Load, IsAnErrorWhereFilesLoadOneAnotherTooDeeply) {
+    HeardLogs logs;
+    constexpr int kCount = 500;
+    std::deque<TestFile> files;
+    for (int i = 0; i < kCount; ++i) {
+        files.emplace_back("load_deep_" + std::to_string(i) + ".optree");
+    }
+    files.back().writeOpTree(treeOf("/root/a"));
+    for (std::size_t i = 0; i + 1 < files.size(); ++i) {
+        files[i].writeOpTree(
+            OpTree().op("l", "load", Args().set("file", files[i + 1].path())).group());
+    }
+    const auto deep = load(files.front().path());
+    EXPECT_THAT(errorAt(*deep, "/root"), HasSubstr("more than 400 levels deep"));
+    EXPECT_TRUE(isThere(*load(files[200].path()), "/root/a"));
 }
 
 TEST(Load, FindsItsFileAlongTheSearchPathOfAssets) {

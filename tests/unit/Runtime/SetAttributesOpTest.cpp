@@ -81,6 +81,23 @@ TEST(SetAttributes, HandsOnTheVeryLocationsThatItDoesNotMatch) {
               client->cookLocation("/root/b/lamp2").getAttrs().handle());
 }
 
+TEST(SetAttributes, LeavesGroupInheritAsItWas) {
+    for (const bool inherits : {false, true}) {
+        const GroupAttribute attributes({{"x", IntAttribute(1)}}, inherits);
+        const GroupAttribute tree({{"a", attributes}}, false);
+        const GroupAttribute others({{"x", IntAttribute(2)}}, !inherits);
+        const auto client = OpTree()
+                                .op("s", "scene", Args().set("tree", tree))
+                                .op("set",
+                                    "setAttributes",
+                                    Args().set("paths", "/root").set("values", others),
+                                    {"s"})
+                                .open();
+        EXPECT_EQ(2, read(*client, "/root").front());
+        EXPECT_EQ(inherits, client->cookLocation("/root").getAttrs().getGroupInherit());
+    }
+}
+
 TEST(SetAttributes, MakesNoLocations) {
     const auto client = open({"/root/c", "/root/**"}, values(), "replace");
     EXPECT_FALSE(client->cookLocation("/root/c").doesLocationExist());

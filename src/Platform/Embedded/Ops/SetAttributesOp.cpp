@@ -34,7 +34,7 @@ public:
         for (std::int64_t i = 0; i < values.size(); ++i) {
             set(attributes, values.shape->name(i), values[i], out);
         }
-        out.setAttributes(attributes.write(out));
+        out.setAttributes(attributes.write(out, input.attributes()->inherits()));
         out.setChildrenOf(input);
     }
 

@@ -20,6 +20,14 @@ using Clock = std::chrono::steady_clock;
 /// Cooks of inputs within cooks, at most: each takes some of the stack.
 constexpr std::uint32_t kDeepest = 400;
 
+/// What the outermost cook is told when more are within it. Nothing that the others could remember:
+/// asked for by themselves they might well be cooked.
+class TooDeep : public OpError {
+public:
+    TooDeep()
+        : OpError("ops read one another more than " + std::to_string(kDeepest) + " levels deep") {}
+};
+
 bool canBePath(std::string_view path) {
     return path.empty() ||
            (path.front() == '/' && path.size() < std::numeric_limits<std::int32_t>::max());
@@ -160,8 +168,7 @@ public:
     CookCount(Session& session, const InternedOp& op)
         : session_(session), counts_(session.counts[op.typeIndex()]) {
         if (session_.depth >= kDeepest) {
-            throw OpError("ops read one another more than " + std::to_string(kDeepest) +
-                          " levels deep");
+            throw TooDeep();
         }
         if (session_.depth++ == 0) {
             session_.cookingThread.store(std::this_thread::get_id(), std::memory_order_release);
@@ -201,6 +208,11 @@ Node* cookInto(StorePage& page, Session& session, InternedOp& op, std::string_vi
         return out.finish(op.typeIndex(), cook.foreignReads());
     } catch (const std::bad_alloc&) {
         throw;
+    } catch (const TooDeep& error) {
+        if (session.depth > 1) {
+            throw;
+        }
+        fault = op.report(path, error.what());
     } catch (const std::exception& error) {
         fault = op.report(path, error.what());
     } catch (...) {

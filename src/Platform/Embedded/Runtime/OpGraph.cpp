@@ -57,7 +57,7 @@ std::string faultOfEnabled(const GroupAttribute& arguments) {
 /// Where errors of the whole op show.
 std::string placeOfErrors(const GroupAttribute& arguments) {
     for (const char* const name : {"at", "path"}) {
-        const std::string path = arguments.getChild<StringAttribute>(name).getValue("");
+        std::string path = arguments.getChild<StringAttribute>(name).getValue("");
         if (isLocationPath(path)) {
             return path;
         }

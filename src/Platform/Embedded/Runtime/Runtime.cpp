@@ -74,6 +74,7 @@ void Runtime::remove(Client& client) {
 std::vector<std::shared_ptr<InternedOp>> Runtime::clientOps() const {
     const MutexLock lock(mutex_);
     std::vector<std::shared_ptr<InternedOp>> ops;
+    ops.reserve(clients_.size());
     for (const Client* const client : clients_) {
         ops.push_back(client->op());
     }
