@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: Apache-2.0
-# Imports an asset, stores it in both file forms, walks it and counts what it holds: scripts/demo.sh [ASSET]
+# Imports an asset, stores it in both file forms, counts what it holds, and walks an op tree that loads it on all
+# cores: scripts/demo.sh [ASSET]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install_packages.sh
 asset=${1:-/usr/share/assimp/models/glTF2/2CylinderEngine-glTF-Binary/2CylinderEngine.glb}
+scene=scenes/demo.optree.json
 out=build/demo
-name=$(basename "${asset%.*}")
 
 cmake --preset release >/dev/null
 cmake --build --preset release --target ovscene AssimpImport --parallel "$(nproc)"
@@ -18,19 +19,24 @@ mkdir -p "$out"
 say() { printf '\n== %s\n' "$*"; }
 
 say "Importing $asset"
-"$ovscene" import "$asset" "$out/$name.optree"
-"$ovscene" convert "$out/$name.optree" "$out/$name.optree.json"
-"$ovscene" convert "$out/$name.optree.json" "$out/$name.again.optree"
-cmp "$out/$name.optree" "$out/$name.again.optree"
-rm "$out/$name.again.optree"
+"$ovscene" import "$asset" "$out/asset.optree"
+"$ovscene" convert "$out/asset.optree" "$out/asset.optree.json"
+"$ovscene" convert "$out/asset.optree.json" "$out/again.optree"
+cmp "$out/asset.optree" "$out/again.optree"
+rm "$out/again.optree"
 
 say "Its upper levels"
-"$ovscene" tree "$out/$name.optree" >"$out/$name.tree.txt"
-"$ovscene" tree "$out/$name.optree" --depth 3
-echo "The whole tree, $(wc -l <"$out/$name.tree.txt") lines, is in $out/$name.tree.txt"
+"$ovscene" tree "$out/asset.optree" >"$out/asset.tree.txt"
+"$ovscene" tree "$out/asset.optree" --depth 3
+echo "The whole tree, $(wc -l <"$out/asset.tree.txt") lines, is in $out/asset.tree.txt"
 
 say "What it holds"
-"$ovscene" stats "$out/$name.optree" | tee "$out/$name.stats.txt"
+"$ovscene" stats "$out/asset.optree" | tee "$out/asset.stats.txt"
+
+say "Walking $scene, which loads it and adds to it, on all cores"
+"$ovscene" tree "$scene" /root/asset --depth 1 --set SYLVAR_ASSET_PATH="$out"
+echo
+"$ovscene" walk "$scene" --repeat 2 --stats --set SYLVAR_ASSET_PATH="$out" | tee "$out/walk.txt"
 
 say "The results are in $out"
 ls -l "$out"

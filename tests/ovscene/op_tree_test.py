@@ -2,6 +2,8 @@
 # SPDX-License-Identifier: Apache-2.0
 """Runs ovscene over op trees. The environment is that of ovscene_case.py."""
 import json
+import pathlib
+import shutil
 import unittest
 
 from op_tree_case import OpTreeCase
@@ -136,6 +138,14 @@ class OpTrees(OpTreeCase):
         self.assertIn("1 location with errors", self.warns("tree", "asset.json")[1])
         self.assertEqual(self.ok("tree", "small.optree"),
                          self.ok("tree", "asset.json", "--set", "SYLVAR_ASSET_PATH=nowhere:shelf"))
+
+    def test_the_scene_that_comes_with_the_program(self):
+        shutil.copy(self.folder / "small.optree", self.folder / "asset.optree")
+        demo = pathlib.Path(__file__).resolve().parents[2] / "scenes" / "demo.optree.json"
+        document = json.loads(self.ok("walk", demo, "--json", "--set", "SYLVAR_ASSET_PATH=."))
+        self.assertEqual(1 + 36 + 36 ** 2 + 36 ** 3 + 7, document["locations"])
+        text = self.ok("attrs", demo, "/root/asset/world/geo/quad", "--set", "SYLVAR_ASSET_PATH=.")
+        self.assertRegex(text, r"\n  roughness +float +1 +0\.4\n")
 
 
 if __name__ == "__main__":
