@@ -14,8 +14,10 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace ovbench;
@@ -45,10 +47,23 @@ void tellPerLocation(benchmark::State& state, std::int64_t locations) {
         benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
+/// Drops what a benchmark has cooked: the process keeps its client.
+class Cleanup {
+public:
+    explicit Cleanup(std::shared_ptr<SylvarRuntime> runtime) : runtime_(std::move(runtime)) {}
+    ~Cleanup() { runtime_->finalize(); }
+    Cleanup(const Cleanup&) = delete;
+    Cleanup& operator=(const Cleanup&) = delete;
+
+private:
+    std::shared_ptr<SylvarRuntime> runtime_;
+};
+
 /// The first walk, which cooks; the memory was touched by the walk before it.
 void CookGenerated(benchmark::State& state) {
     const GroupAttribute tree = generatedTree(state.range(0), 1);
     const GeometryProducerPtr root = CreateThreadAwareGeometryProducer(tree, "/root");
+    const Cleanup cleanup(root->getClient()->getRuntime());
     walk(root, StepOnly());
     for (auto _ : state) {
         state.PauseTiming();
@@ -63,6 +78,7 @@ BENCHMARK(CookGenerated)->Arg(kSmall)->Arg(kLarge)->Unit(benchmark::kMillisecond
 template <class Visit>
 void warmWalk(benchmark::State& state, const GroupAttribute& tree) {
     const GeometryProducerPtr root = CreateThreadAwareGeometryProducer(tree, "/root");
+    const Cleanup cleanup(root->getClient()->getRuntime());
     const std::int64_t locations = walk(root, Visit());
     for (auto _ : state) {
         benchmark::DoNotOptimize(walk(root, Visit()));
@@ -87,6 +103,7 @@ void openStored(benchmark::State& state, bool walks) {
     const StoredScene scene(state.range(0));
     const auto client =
         ClientCreateWithOpTree(OpTreeSource::createFromGroupAttribute(scene.opTree()));
+    const Cleanup cleanup(client->getRuntime());
     for (auto _ : state) {
         state.PauseTiming();
         scene.touch();
@@ -168,6 +185,7 @@ void WarmWalkByThreads(benchmark::State& state) {
     const bool isShared = state.range(1) != 0;
     const GeometryProducerPtr root =
         CreateThreadAwareGeometryProducer(generatedTree(kSmall, 2), "/root");
+    const Cleanup cleanup(root->getClient()->getRuntime());
     walk(root, StepOnly());
     std::int64_t locations = 0;
     for (auto _ : state) {
