@@ -17,18 +17,19 @@ class SampleAccessor {
 public:
     using value_type = typename DataAttributeType::value_type;
 
-    explicit SampleAccessor(Attribute attribute)
-        : attribute_(std::move(attribute)),
-          table_(Attribute::_attrSuite->acquireSamples(attribute_.handle(),
-                                                       DataAttributeType::kType,
-                                                       1,
-                                                       &buffer_)) {}
+    explicit SampleAccessor(const Attribute& attribute)
+        : table_(acquire(attribute)), attribute_(attribute) {}
+
+    /// The same with the caller's own reference.
+    explicit SampleAccessor(Attribute&& attribute)
+        : table_(acquire(attribute)), attribute_(std::move(attribute)) {}
 
     /// Looks for the sample nearest `wantedTime` too, the first of equal distance.
-    SampleAccessor(Attribute attribute, float wantedTime) : SampleAccessor(std::move(attribute)) {
-        if (getNumberOfTimeSamples() > 0) {
-            nearest_ = getSample(nearestIndex(wantedTime));
-        }
+    SampleAccessor(const Attribute& attribute, float wantedTime) : SampleAccessor(attribute) {
+        findNearest(wantedTime);
+    }
+    SampleAccessor(Attribute&& attribute, float wantedTime) : SampleAccessor(std::move(attribute)) {
+        findNearest(wantedTime);
     }
 
     /// Disposes of the table when it asks for it; then the attribute is released.
@@ -67,6 +68,17 @@ public:
     const value_type* end() const { return nearest_ ? nearest_ + getNumberOfValues() : nullptr; }
 
 private:
+    OvSampleTable* acquire(const Attribute& attribute) {
+        return Attribute::_attrSuite->acquireSamples(
+            attribute.handle(), DataAttributeType::kType, 1, &buffer_);
+    }
+
+    void findNearest(float wantedTime) {
+        if (getNumberOfTimeSamples() > 0) {
+            nearest_ = getSample(nearestIndex(wantedTime));
+        }
+    }
+
     std::int64_t nearestIndex(float wantedTime) const {
         std::int64_t kept = 0;
         for (std::int64_t i = 1; i < table_->sampleCount; ++i) {
@@ -79,8 +91,8 @@ private:
     }
 
     OvSampleTableBuffer buffer_{};
-    Attribute attribute_;
     OvSampleTable* table_;
+    Attribute attribute_;
     const value_type* nearest_ = nullptr;
 };
 

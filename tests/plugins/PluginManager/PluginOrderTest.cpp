@@ -59,10 +59,10 @@ TEST_F(PluginOrder, RejectsAFaultyPluginInProcess) {
     EXPECT_EQ("is null", PluginManager::registerPlugin(nullptr));
 }
 
-TEST_F(PluginOrder, KnowsTheRuntimesApiAlways) {
+TEST_F(PluginOrder, HasThePlatformsOwnRuntimeAlways) {
     EXPECT_THAT(apiNames(), Contains("SylvarRuntime"));
-    EXPECT_THAT(versionsOf("SylvarRuntime"), IsEmpty());
-    EXPECT_THAT(namesOf("SylvarRuntime", 1), IsEmpty());
+    EXPECT_THAT(versionsOf("SylvarRuntime"), ElementsAre(1));
+    EXPECT_THAT(namesOf("SylvarRuntime", 1), ElementsAre("EmbeddedRuntime"));
 }
 
 TEST_F(PluginOrder, HasNothingForAnUnknownApi) {

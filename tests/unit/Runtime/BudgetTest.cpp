@@ -26,7 +26,7 @@ namespace {
 constexpr std::int64_t kPage = 80 * 1024;  ///< With what a location can go over it.
 
 int locations() {
-    return kIsSanitized ? 30'000 : 300'000;
+    return kIsSanitized ? 30'000 : 1'000'000;
 }
 
 OpTree sceneOf(int count, int seed) {
@@ -77,7 +77,7 @@ TEST_F(MemoryBudget, IsKeptByAWalkThatNeedsTenTimesAsMuch) {
 }
 
 TEST_F(MemoryBudget, IsKeptByManyThreads) {
-    const int count = locations() / 3;
+    const int count = locations() / 20;
     const std::int64_t budget = std::int64_t{count} * 60;
     setBudget(budget);
     std::atomic<std::int64_t> most{0};

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <SylvarPlatform/AttributeFile.h>
 #include <SylvarPlatform/Configuration.h>
 
 #include "support/HeardLogs.h"
 #include "support/OpTree.h"
 #include "support/RuntimeWalk.h"
+#include "support/StaticScene.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -65,10 +67,20 @@ std::shared_ptr<SylvarRuntime::Client> open(const std::string& text) {
     return client;
 }
 
-/// Examples find one another's files in the folder of scenes.
+/// Examples find one another's files in the folder of scenes, and the asset that the demo imports
+/// in a folder with a small one of that name.
 class OpExamples : public testing::Test {
 protected:
-    OpExamples() { settings().set("SYLVAR_ASSET_PATH", kSource + "/scenes"); }
+    OpExamples() {
+        const std::string folder = std::string(OV_TEST_OUTPUT_DIR) + "/op_examples_assets";
+        std::filesystem::create_directories(folder);
+        EXPECT_EQ("",
+                  writeAttributeFile(StaticScene().set("/root/part", "type", "mesh").group(),
+                                     AttributeContent::StaticScene,
+                                     AttributeForm::Binary,
+                                     folder + "/asset.optree"));
+        settings().set("SYLVAR_ASSET_PATH", kSource + "/scenes:" + folder);
+    }
     ~OpExamples() override { settings().unset("SYLVAR_ASSET_PATH"); }
 
     static Sylvar3::OvConfiguration::v1::Configuration& settings() {
