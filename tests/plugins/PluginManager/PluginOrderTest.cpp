@@ -61,8 +61,8 @@ TEST_F(PluginOrder, RejectsAFaultyPluginInProcess) {
 
 TEST_F(PluginOrder, KnowsTheRuntimesApiAlways) {
     EXPECT_THAT(apiNames(), Contains("SylvarRuntime"));
-    EXPECT_THAT(versionsOf("SylvarRuntime"), IsEmpty());
-    EXPECT_THAT(namesOf("SylvarRuntime", 1), IsEmpty());
+    EXPECT_THAT(versionsOf("SylvarRuntime"), ElementsAre(1));
+    EXPECT_THAT(namesOf("SylvarRuntime", 1), ElementsAre("EmbeddedRuntime"));
 }
 
 TEST_F(PluginOrder, HasNothingForAnUnknownApi) {
