@@ -13,7 +13,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -111,17 +110,10 @@ TEST_F(OpExamples, OfThePageOnOpsWork) {
 }
 
 TEST_F(OpExamples, OfTheFolderOfScenesWork) {
-    int count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(kSource + "/scenes")) {
-        const std::string file = entry.path().string();
-        const std::string end = ".optree.json";
-        if (file.size() > end.size() && file.substr(file.size() - end.size()) == end) {
-            SCOPED_TRACE(file);
-            expectToWork(contentOf(file));
-            ++count;
-        }
+    for (const char* const name : {"crowd", "room", "table"}) {
+        SCOPED_TRACE(name);
+        expectToWork(contentOf(kSource + "/scenes/" + name + ".optree.json"));
     }
-    EXPECT_LE(3, count);
 }
 
 TEST_F(OpExamples, LightEveryLampOfTheTable) {
