@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Runtime/Budget.h"
-
 #include <SylvarPlatform/Configuration.h>
 #include <SylvarPlatform/Logging.h>
 
@@ -18,7 +16,6 @@
 
 using namespace ovtest;
 using namespace Sylvar3::OvConfiguration::v1;
-using Sylvar3::internal::OvSylvar::Embedded::parseBytes;
 using Sylvar3::internal::OvSylvar::Embedded::Store;
 
 namespace {
@@ -149,16 +146,4 @@ TEST_F(MemoryBudget, ThatCannotBeReadIsAWarningAndChangesNothing) {
     EXPECT_EQ("SYLVAR_MEMORY_BUDGET is \"much\", which is no number of bytes such as 512M",
               message);
     EXPECT_TRUE(Store::instance().hasBudget());
-}
-
-TEST(ParseBytes, TakesNumbersWithAUnit) {
-    EXPECT_EQ(0, parseBytes("0"));
-    EXPECT_EQ(12, parseBytes("12"));
-    EXPECT_EQ(2048, parseBytes("2K"));
-    EXPECT_EQ(3 << 20, parseBytes("3M"));
-    EXPECT_EQ(std::int64_t{4} << 30, parseBytes("4G"));
-    for (const char* const text :
-         {"", "K", "-1", "1.5M", "1MB", "1 M", "9223372036854775808", "9999999999G"}) {
-        EXPECT_FALSE(parseBytes(text)) << text;
-    }
 }

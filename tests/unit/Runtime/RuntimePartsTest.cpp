@@ -2,11 +2,10 @@
 #include "Platform/Embedded/Runtime/Budget.h"
 #include "Platform/Embedded/Runtime/ChildNames.h"
 #include "Platform/Embedded/Runtime/LocationWriter.h"
-#include "Platform/Embedded/Runtime/StorePage.h"
+#include "Platform/Embedded/Runtime/Session.h"
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <optional>
 #include <string>
 #include <vector>
@@ -45,13 +44,13 @@ TEST(ParseBytes, ReadsANumberAndItsUnit) {
 
 TEST(ChildNames, FindsEachNameWithAnyHint) {
     for (const std::uint32_t count : {0U, 1U, 7U, 8U, 9U, 10U, 1000U, 100000U}) {
-        std::atomic<std::int64_t> bytes{0};
-        auto* const page = new StorePage(4096, bytes);
+        Session session;
+        LocationPage page(session, 0);
         std::vector<std::string> texts;
         for (std::uint32_t i = 0; i < count; ++i) {
             texts.push_back("name" + std::to_string(i));
         }
-        LocationWriter out(*page);
+        LocationWriter out(page);
         out.setChildren({texts.begin(), texts.end()});
         const ChildNames& names = *out.finish(0, {})->names;
         ASSERT_EQ(count, names.count);
@@ -64,6 +63,5 @@ TEST(ChildNames, FindsEachNameWithAnyHint) {
         EXPECT_EQ(-1, names.find("name", 0));
         EXPECT_EQ(-1, names.find("", count));
         EXPECT_EQ(-1, names.find("name" + std::to_string(count), count));
-        page->release();
     }
 }

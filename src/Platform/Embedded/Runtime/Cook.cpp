@@ -146,22 +146,6 @@ private:
     bool isSettled_ = false;
 };
 
-/// The page in which a location is being made.
-class LocationPage {
-public:
-    explicit LocationPage(Session& session)
-        : session_(session), page_(session.store.beginLocation(session)) {}
-    LocationPage(const LocationPage&) = delete;
-    LocationPage& operator=(const LocationPage&) = delete;
-    ~LocationPage() { session_.store.endLocation(session_, page_); }
-
-    StorePage& operator*() const { return page_; }
-
-private:
-    Session& session_;
-    StorePage& page_;
-};
-
 /// Counts a cook and the time that it takes for itself, and how deep cooks are in one another.
 class CookCount {
 public:
@@ -199,14 +183,16 @@ private:
 };
 
 /// Cooks a location into the page; null when it is absent.
-Node* cookInto(StorePage& page, Session& session, InternedOp& op, std::string_view path) {
-    Cook cook(session, op, path);
+Node* cookInto(LocationPage& page, Session& session, InternedOp& op, std::string_view path) {
+    Cook cook(session, op, path, page);
     std::string fault;
     try {
         LocationWriter out(page);
         op.body().cook(cook, out);
         return out.finish(op.typeIndex(), cook.foreignReads());
     } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const StorePage::TooOld&) {
         throw;
     } catch (const TooDeep& error) {
         if (session.depth > 1) {
@@ -245,18 +231,35 @@ void cookChainOf(Session& session, const InternedOp& op, std::string_view path) 
     }
 }
 
+/// Cooks a claimed location, in a page behind that of an order, and settles the claim.
+Location cookAndSettle(Claim& claim,
+                       Session& session,
+                       InternedOp& op,
+                       std::string_view path,
+                       std::uint64_t order) {
+    LocationPage page(session, order);
+    Node* const node = cookInto(page, session, op, path);
+    const Location location = node ? Location(node->location, node->names) : Location();
+    claim.settle(node, location);
+    return location;
+}
+
 Location cookClaimed(Session& session, InternedOp& op, Slot& slot, std::string_view path) {
     Claim claim(session, slot);
     if (op.height() > InternedOp::kStation) {
         cookChainOf(session, op, path);
     }
     CookCount count(session, op);
-    const LocationPage page(session);
-    Node* const node = cookInto(*page, session, op, path);
-    const Location location = node ? Location(node->location, node->names) : Location();
-    count.finish();
-    claim.settle(node, location);
-    return location;
+    std::uint64_t order = 0;
+    while (true) {
+        try {
+            Location location = cookAndSettle(claim, session, op, path, order);
+            count.finish();
+            return location;
+        } catch (const StorePage::TooOld& page) {
+            order = page.order;
+        }
+    }
 }
 
 }  // namespace
@@ -274,7 +277,9 @@ Location Cook::read(InternedOp& op, std::string_view path) {
         const std::string& kept = readPaths_.emplace_back(path);
         reads_.push_back({&op, kept.data(), kept.size()});
     }
-    return cookLocation(session_, op, path);
+    Location location = cookLocation(session_, op, path);
+    page_.follow(location);
+    return location;
 }
 
 Location cookLocation(Session& session, InternedOp& op, std::string_view path) {

@@ -3,6 +3,7 @@
 
 #include "Platform/Embedded/Runtime/InternedOp.h"
 #include "Platform/Embedded/Runtime/Location.h"
+#include "Platform/Embedded/Runtime/LocationPage.h"
 #include "Platform/Embedded/Runtime/LocationWriter.h"
 #include "Platform/Embedded/Runtime/Node.h"
 #include "Platform/Embedded/Runtime/Session.h"
@@ -18,8 +19,8 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 /// One location while its op cooks it: what the op may ask, and where it writes.
 class Cook {
 public:
-    Cook(Session& session, InternedOp& op, std::string_view path)
-        : session_(session), op_(op), path_(path) {}
+    Cook(Session& session, InternedOp& op, std::string_view path, LocationPage& page)
+        : session_(session), op_(op), path_(path), page_(page) {}
     Cook(const Cook&) = delete;
     Cook& operator=(const Cook&) = delete;
 
@@ -44,6 +45,7 @@ private:
     Session& session_;
     InternedOp& op_;
     std::string_view path_;
+    LocationPage& page_;
     std::vector<ForeignRead> reads_;
     std::deque<std::string> readPaths_;
 };

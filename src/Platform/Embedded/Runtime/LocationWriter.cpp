@@ -31,7 +31,7 @@ const Values::Shape& locationShape() {
 }  // namespace
 
 LocationWriter::DataValue* LocationWriter::addData(const Values::DataShape& shape) {
-    return Values::newDataValue(&page_, shape);
+    return Values::newDataValue(&page(), shape);
 }
 
 Values::Value* LocationWriter::addInt(std::int32_t value) {
@@ -77,7 +77,7 @@ Values::Value* LocationWriter::addStrings(const std::vector<std::string_view>& t
 Values::GroupValue* LocationWriter::addGroup(const Shape& shape,
                                              Value* const* children,
                                              bool inherits) {
-    GroupValue* const group = Values::newGroupValue(page_, page_.keep(shape), inherits);
+    GroupValue* const group = Values::newGroupValue(page(), page().keep(shape), inherits);
     std::copy_n(children, shape.size(), group->begin());
     return group;
 }
@@ -93,7 +93,7 @@ void LocationWriter::pass(const Location& location) {
 void LocationWriter::setChildren(const std::vector<std::string_view>& names) {
     if (!names.empty()) {
         children_ = addStrings(names);
-        names_ = ChildNames::make(page_, static_cast<const DataValue&>(*children_));
+        names_ = ChildNames::make(page(), static_cast<const DataValue&>(*children_));
     }
 }
 
@@ -109,24 +109,24 @@ Node* LocationWriter::finish(std::uint32_t opType, const std::vector<ForeignRead
     }
     Node* const node = room<Node>(1);
     node->location = group_ ? group_ : makeGroup();
-    node->names = names_ ? names_ : page_.noChildNames();
+    node->names = names_ ? names_ : page().noChildNames();
     node->slots = makeSlots(node->names->count);
-    node->page = &page_;
+    node->page = &page();
     node->reads = copyReads(reads);
     node->readCount = static_cast<std::uint32_t>(reads.size());
     node->opType = opType;
     node->slot = nullptr;
-    node->nextInPage = page_.nodes;
-    page_.nodes = node;
+    node->nextInPage = page().nodes;
+    page().nodes = node;
     return node;
 }
 
 Values::GroupValue* LocationWriter::makeGroup() {
     Value* children[3] = {};
-    children[Location::kExists] = page_.existsValue();
-    children[Location::kChildren] = children_ ? children_ : page_.noChildrenValue();
-    children[Location::kAttributes] = attributes_ ? attributes_ : page_.noAttributesValue();
-    GroupValue* const group = Values::newGroupValue(page_, locationShape(), false);
+    children[Location::kExists] = page().existsValue();
+    children[Location::kChildren] = children_ ? children_ : page().noChildrenValue();
+    children[Location::kAttributes] = attributes_ ? attributes_ : page().noAttributesValue();
+    GroupValue* const group = Values::newGroupValue(page(), locationShape(), false);
     std::copy_n(children, 3, group->begin());
     return group;
 }
@@ -134,7 +134,7 @@ Values::GroupValue* LocationWriter::makeGroup() {
 template <class T>
 T* LocationWriter::room(std::size_t count) {
     std::uint32_t toOwner = 0;
-    auto* const things = static_cast<T*>(page_.allocate(0, count * sizeof(T), toOwner));
+    auto* const things = static_cast<T*>(page().allocate(0, count * sizeof(T), toOwner));
     std::uninitialized_value_construct_n(things, count);
     return things;
 }

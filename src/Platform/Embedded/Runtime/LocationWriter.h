@@ -4,6 +4,7 @@
 #include "Platform/Embedded/Attributes/Values/DataValue.h"
 #include "Platform/Embedded/Attributes/Values/GroupValue.h"
 #include "Platform/Embedded/Runtime/Location.h"
+#include "Platform/Embedded/Runtime/LocationPage.h"
 #include "Platform/Embedded/Runtime/Node.h"
 #include "Platform/Embedded/Runtime/StorePage.h"
 
@@ -16,6 +17,9 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 /// What an op says of the location that it cooks. Values lie in a page of the store, or are kept by
 /// it. A location is there, without attributes and children, unless the op says otherwise.
 ///
+/// An op that reads before it writes is run once; one that reads and keeps something after it has
+/// begun to write may have to be run again.
+///
 /// All of it may throw `std::bad_alloc`. Belongs to one thread, for one cook.
 class LocationWriter {
 public:
@@ -24,7 +28,7 @@ public:
     using GroupValue = OvAttribute::Embedded::GroupValue;
     using Shape = OvAttribute::Embedded::Shape;
 
-    explicit LocationWriter(StorePage& page) : page_(page) {}
+    explicit LocationWriter(LocationPage& page) : page_(page) {}
     LocationWriter(const LocationWriter&) = delete;
     LocationWriter& operator=(const LocationWriter&) = delete;
 
@@ -43,7 +47,7 @@ public:
     GroupValue* addGroup(const Shape& shape, Value* const* children, bool inherits);
 
     /// A value from elsewhere, kept for as long as the location is there.
-    Value* keep(Value& value) { return page_.keep(value); }
+    Value* keep(Value& value) { return page().keep(value); }
 
     /// @}
     /// @name The location
@@ -78,7 +82,9 @@ private:
     template <class T>
     T* room(std::size_t count);
 
-    StorePage& page_;
+    StorePage& page() const { return page_.get(); }
+
+    LocationPage& page_;
     bool isAbsent_ = false;
     GroupValue* group_ = nullptr;
     GroupValue* attributes_ = nullptr;

@@ -3,6 +3,7 @@
 
 #include "Platform/Embedded/Runtime/Client.h"
 #include "Platform/Embedded/Runtime/Eviction.h"
+#include "Platform/Embedded/Runtime/Store.h"
 #include "Platform/Embedded/Runtime/WaitingRoom.h"
 #include "Platform/Support/OnceBuilt.h"
 
@@ -94,6 +95,7 @@ void Runtime::evict(std::string_view path) {
 void Runtime::finalize() {
     waitForCooks();
     dropAll(ops());
+    Store::instance().closePages();
 }
 
 void Runtime::waitForCooks() const {

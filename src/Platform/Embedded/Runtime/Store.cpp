@@ -54,8 +54,8 @@ void Store::remove(Reader& reader) {
     release(freed);
 }
 
-StorePage& Store::beginLocation(Reader& reader) {
-    if (!reader.page || reader.page->isFull()) {
+StorePage& Store::beginLocation(Reader& reader, std::uint64_t order) {
+    if (!reader.page || reader.page->isFull() || reader.page->order() < order) {
         openPage(reader);
     }
     ++reader.page->writers;
@@ -73,7 +73,8 @@ void Store::endLocation(Reader& reader, StorePage& page) {
 void Store::openPage(Reader& reader) {
     const std::size_t bytes =
         reader.page ? std::min(reader.nextPageBytes, kLargestPageBytes) : kFirstPageBytes;
-    auto* const page = new StorePage(bytes, detachedBytes_);
+    const std::uint64_t order = lastOrder_.fetch_add(1, std::memory_order_relaxed) + 1;
+    auto* const page = new StorePage(bytes, order, detachedBytes_);
     StorePage* freed = nullptr;
     {
         const MutexLock lock(mutex_);
@@ -136,6 +137,16 @@ void Store::dropOldPages() {
             dropPage(page);
         }
     }
+}
+
+void Store::closePages() {
+    StorePage* freed = nullptr;
+    {
+        const MutexLock lock(mutex_);
+        closeFreePages();
+        freed = settle();
+    }
+    release(freed);
 }
 
 void Store::closeFreePages() {

@@ -48,10 +48,10 @@ public:
     /// Rises with every drop.
     const std::atomic<std::uint64_t>& age() const { return age_; }
 
-    /// The page for the reader's next location, a new one when the last one is full; it stays open
-    /// until `endLocation`, however many locations are begun and ended meanwhile. Throws
-    /// `std::bad_alloc`.
-    StorePage& beginLocation(Reader& reader) OV_EXCLUDES(mutex_);
+    /// The page for the reader's next location, a new one when the last one is full, or was opened
+    /// before the page of that order; it stays open until `endLocation`, however many locations are
+    /// begun and ended meanwhile. Throws `std::bad_alloc`.
+    StorePage& beginLocation(Reader& reader, std::uint64_t order) OV_EXCLUDES(mutex_);
 
     /// Takes what was added to the page into account, and drops what passes the budget.
     void endLocation(Reader& reader, StorePage& page) OV_EXCLUDES(mutex_);
@@ -90,6 +90,9 @@ public:
         }
         release(freed);
     }
+
+    /// Closes the pages of readers that are free: what they keep can go.
+    void closePages() OV_EXCLUDES(mutex_);
 
     /// The budget for what could be dropped, in bytes; unlimited at first.
     void setBudget(std::int64_t bytes) { budget_.store(bytes, std::memory_order_relaxed); }
@@ -139,6 +142,7 @@ private:
     PageList pages_ OV_GUARDED_BY(mutex_);
     StorePage* retired_ OV_GUARDED_BY(mutex_) = nullptr;
     bool hasDropped_ OV_GUARDED_BY(mutex_) = false;
+    std::atomic<std::uint64_t> lastOrder_{0};
     std::array<std::uint64_t, kMostOpTypes> evictions_ OV_GUARDED_BY(mutex_){};
 };
 

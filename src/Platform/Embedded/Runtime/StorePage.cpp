@@ -29,6 +29,9 @@ StorePage::Value* StorePage::keep(Value& value) {
         return &value;
     }
     // Any value of a block keeps the whole block; a value by itself has an owner without one.
+    if (orderOf(value) > order()) {
+        throw TooOld{orderOf(value)};
+    }
     const void* const piece = owner.block ? static_cast<const void*>(owner.block) : &owner;
     if (!isKept(piece)) {
         hold(Values::retained(&value));

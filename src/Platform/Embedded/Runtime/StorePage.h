@@ -24,10 +24,21 @@ class StorePage final : public OvAttribute::Embedded::Block {
 public:
     using Value = OvAttribute::Embedded::Value;
 
-    /// With room for `bytes`. `detachedBytes` gives up what it was told of this page when the page
-    /// ends.
-    StorePage(std::size_t bytes, std::atomic<std::int64_t>& detachedBytes)
-        : Block(bytes, kOverflowBytes), firstBytes_(bytes), detachedBytes_(detachedBytes) {}
+    /// With room for `bytes`; pages are ordered as they were opened. `detachedBytes` gives up what
+    /// it was told of this page when the page ends.
+    StorePage(std::size_t bytes, std::uint64_t order, std::atomic<std::int64_t>& detachedBytes)
+        : Block(bytes, kOverflowBytes, order), firstBytes_(bytes), detachedBytes_(detachedBytes) {}
+
+    /// What `keep` throws for a value of a page that was opened later.
+    struct TooOld {
+        std::uint64_t order;  ///< Of that page.
+    };
+
+    /// The order of the page in which a value lies; 0 when it lies elsewhere.
+    static std::uint64_t orderOf(const Value& value) {
+        const Block* const block = OvAttribute::Embedded::ownerOf(value).block;
+        return block ? block->order() : 0;
+    }
 
     /// Whether the next location had better go to another page. One in which nothing lies yet has
     /// no memory either.
@@ -35,7 +46,8 @@ public:
         return pageBytes() != 0 && (bytesLeft() < kFullWhenLeft || pageBytes() > firstBytes_);
     }
 
-    /// Keeps a value that a location of this page refers to; returns it. Throws `std::bad_alloc`.
+    /// Keeps a value that a location of this page refers to; returns it. Throws `std::bad_alloc`
+    /// and `TooOld`.
     Value* keep(Value& value);
     const OvAttribute::Embedded::Shape& keep(const OvAttribute::Embedded::Shape& shape);
 

@@ -17,7 +17,9 @@ class Shape;
 /// Values lie in pages. Each page counts the references on its own values, and the block counts
 /// the pages that have any: threads that read different pages write to different cache lines, and
 /// the block's own count moves only when the first reference on a page comes or the last one goes.
-/// A value of a block refers to values of the same block, and to those that the block holds.
+/// A value of a block refers to values of the same block, and to those that the block holds. Blocks
+/// that hold values of one another are ordered, each holding such of lower order alone: a round of
+/// them would never end.
 ///
 /// Filled by one thread; then, and what is filled already at any time, any thread may retain and
 /// release.
@@ -27,8 +29,8 @@ public:
     Block() = default;
 
     /// With a first page and further pages of these sizes, in bytes.
-    Block(std::size_t firstPage, std::size_t laterPages)
-        : nextPageBytes_(firstPage), laterPageBytes_(laterPages) {}
+    Block(std::size_t firstPage, std::size_t laterPages, std::uint64_t order)
+        : order_(order), nextPageBytes_(firstPage), laterPageBytes_(laterPages) {}
     Block(const Block&) = delete;
     Block& operator=(const Block&) = delete;
 
@@ -60,6 +62,9 @@ public:
     /// What is left of the page that is being filled.
     std::size_t bytesLeft() const { return static_cast<std::size_t>(end_ - free_); }
 
+    /// 0 for a block that holds no values of others.
+    std::uint64_t order() const { return order_; }
+
     /// Whether anybody but the maker has a reference.
     bool isShared() const { return count_.load(std::memory_order_relaxed) > 1; }
 
@@ -79,6 +84,7 @@ private:
     Owner* newPage(std::size_t bytes);
 
     std::atomic<std::int64_t> count_{1};
+    const std::uint64_t order_ = 0;
     Owner* page_ = nullptr;
     char* free_ = nullptr;
     char* end_ = nullptr;
