@@ -19,6 +19,7 @@ namespace {
 constexpr std::size_t kFixedAttributes = 3;
 constexpr int kMatrix = 16;
 constexpr int kBound = 6;
+constexpr std::uint64_t kColumns = 8;  ///< Siblings stand side by side in rows of so many.
 
 /// SplitMix64 (Steele, Lea, Flood 2014): neighbouring numbers give unrelated ones.
 std::uint64_t mixed(std::uint64_t number) {
@@ -90,11 +91,13 @@ Values::Value* GeneratedAttributes::transform(const GeneratedTree::Place& place,
     shape.sampleCount = times_.empty() ? 1 : static_cast<std::int64_t>(times_.size());
     shape.times = times_.empty() ? nullptr : times_.data();
     Values::DataValue* const matrix = out.addData(shape);
+    const std::uint64_t row = place.sibling / kColumns;
+    const std::uint64_t column = place.sibling % kColumns;
     auto* value = static_cast<double*>(matrix->values());
     for (std::int64_t sample = 0; sample < shape.sampleCount; ++sample) {
         const double time = times_.empty() ? 0 : times_[static_cast<std::size_t>(sample)];
-        const auto x = static_cast<double>(place.sibling % 8);
-        const auto z = static_cast<double>(place.sibling / 8);
+        const auto x = static_cast<double>(column);
+        const auto z = static_cast<double>(row);
         const std::array<double, kMatrix> all = {
             1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, x, 1, z + time, 1};
         value = std::copy(all.begin(), all.end(), value);
@@ -105,12 +108,12 @@ Values::Value* GeneratedAttributes::transform(const GeneratedTree::Place& place,
 
 Values::Value* GeneratedAttributes::bound(std::uint64_t random, LocationWriter& out) const {
     Values::DataValue* const bound = out.addData(doubles(kBound));
-    auto* const value = static_cast<double*>(bound->values());
+    auto* value = static_cast<double*>(bound->values());
     for (int axis = 0; axis < 3; ++axis) {
         random = mixed(random);
         const double reach = 0.5 + unit(random);
-        value[axis * 2] = -reach;
-        value[axis * 2 + 1] = reach;
+        *value++ = -reach;
+        *value++ = reach;
     }
     return bound;
 }

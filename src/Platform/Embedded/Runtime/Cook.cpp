@@ -239,7 +239,7 @@ Location cookAndSettle(Claim& claim,
                        std::uint64_t order) {
     LocationPage page(session, order);
     Node* const node = cookInto(page, session, op, path);
-    const Location location = node ? Location(node->location, node->names) : Location();
+    Location location = node ? Location(node->location, node->names) : Location();
     claim.settle(node, location);
     return location;
 }

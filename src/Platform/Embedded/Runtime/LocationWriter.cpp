@@ -17,15 +17,21 @@ namespace Values = OvAttribute::Embedded;
 namespace {
 
 /// The names of a location's group, for the life of the process.
-const Values::Shape& locationShape() {
-    static Support::OnceBuilt<const Values::Shape*> shape;
-    return *shape.get([] {
+struct LocationNames {
+    const Values::Shape& shape;
+
+    static LocationNames make() {
         Values::NameList names;
         for (const char* const name : {"exists", "pc", "attrs"}) {
             names.add(name);
         }
-        return Values::Shape::of(names);
-    });
+        return {*Values::Shape::of(names)};
+    }
+};
+
+const Values::Shape& locationShape() {
+    static Support::OnceBuilt<LocationNames> names;
+    return names.get(LocationNames::make).shape;
 }
 
 }  // namespace
