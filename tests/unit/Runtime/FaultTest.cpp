@@ -193,6 +193,19 @@ TEST(Fault, IsNoMissingInputButAWarningAndAnEmptyScene) {
                                   HasSubstr("merge (op 2 of 2): input 1 is not there"))));
 }
 
+TEST(Fault, IsNoMissingInputAndToldOnceForAllRuntimes) {
+    HeardLogs logs;
+    const OpTree tree = OpTree()
+                            .op("s", "scene", scene("/root/once"))
+                            .op("m", "merge", GroupAttribute(), {"gone", "s", "lost"});
+    const auto first = tree.open();
+    EXPECT_THAT(logs.take(),
+                ElementsAre(HasSubstr("input 1 is not there"), HasSubstr("input 3 is not there")));
+    const auto second = tree.open();
+    EXPECT_EQ(2, countFrom(*second, "/root"));
+    EXPECT_THAT(logs.take(), IsEmpty());
+}
+
 TEST(Fault, IsRemembered) {
     HeardLogs logs;
     const auto client =
