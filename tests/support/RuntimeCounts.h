@@ -24,6 +24,7 @@ public:
     std::int64_t cooks(const char* type) const { return ofType(type, "cooks"); }
     std::int64_t hits(const char* type) const { return ofType(type, "hits"); }
     std::int64_t evictions(const char* type) const { return ofType(type, "evictions"); }
+    double seconds(const char* type) const { return json_["opTypes"][type]["seconds"].GetDouble(); }
     std::int64_t store(const char* what) const { return json_["store"][what].GetInt64(); }
 
 private:

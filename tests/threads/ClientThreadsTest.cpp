@@ -2,6 +2,7 @@
 #include <OvSylvarProducers/ClientFactory.h>
 #include <OvSylvarProducers/ThreadLocalClient.h>
 
+#include "support/HeardRecords.h"
 #include "support/RuntimeTest.h"
 #include "support/Threads.h"
 
@@ -164,4 +165,32 @@ TEST_F(ClientThreads, HandBackTheSameClientsAtOnce) {
     const std::set<ClientPtr> again{ClientCreateWithOpTree(source), ClientCreateWithOpTree(source)};
     EXPECT_EQ((std::set<ClientPtr>{one, two}), again);
     EXPECT_EQ(0U, again.count(ClientCreateWithOpTree(source)));
+}
+
+TEST_F(ClientThreads, WaitForTheAnswersAboutOneClientBeforeTheNextIsMade) {
+    std::mutex mutex;
+    int within = 0;
+    int most = 0;
+    int answers = 0;
+    fake.onCall("createRuntime", [&] {
+        const std::lock_guard<std::mutex> lock(mutex);
+        most = std::max(most, ++within);
+    });
+    fake.onCall("answer", [&] {
+        std::this_thread::yield();
+        const std::lock_guard<std::mutex> lock(mutex);
+        within -= ++answers % 2 == 0 ? 1 : 0;
+    });
+    fake.answerOnAnotherThread();
+    fake.answer("getAnonymousOpTree", 0, "1");
+    fake.answer("getAnonymousOpRegistry", 0, "2");
+    const ovtest::HeardRecords heard;
+    const OpTreeSource source = freshSource();
+    onThreads(kThreads, [&](int) {
+        for (int round = 0; round < 10; ++round) {
+            EXPECT_TRUE(ClientCreateWithOpTree(source));
+        }
+    });
+    EXPECT_EQ(1, most);
+    EXPECT_EQ(std::size_t{2} * kThreads * 10, heard.records.size());
 }

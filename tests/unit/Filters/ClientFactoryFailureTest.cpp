@@ -27,6 +27,17 @@ protected:
     }
 };
 
+/// Takes no record.
+class FaultyAnalytics final : public Sylvar3::OvRenderServices::v1::AnalyticsManager {
+public:
+    FaultyAnalytics() { g_instance = this; }
+    ~FaultyAnalytics() override { g_instance = nullptr; }
+
+    void addRecord(const std::string& key, const Value& /*value*/) override {
+        throw std::runtime_error("no place for " + key);
+    }
+};
+
 std::string thrownFor(const OpTreeSource& source) {
     try {
         ClientCreateWithOpTree(source);
@@ -150,6 +161,18 @@ TEST_F(ClientFactoryFailure, LosesTheClientWhenAQueryThrows) {
     EXPECT_EQ("fault of queryRuntimeInfo", thrownFor(source));
     EXPECT_EQ(1U, fake.take("commit").size());
     EXPECT_THAT(fake.live(), ElementsAre());
+    expectNothingKeptOf(source);
+}
+
+TEST_F(ClientFactoryFailure, LosesTheClientWhenARecordIsRefused) {
+    const OpTreeSource source = freshSource();
+    fake.answer("getAnonymousOpTree", 0, "1");
+    fake.answer("getAnonymousOpRegistry", 0, "2");
+    {
+        const FaultyAnalytics analytics;
+        EXPECT_EQ("no place for runtime.opTree", thrownFor(source));
+    }
+    EXPECT_EQ(1U, fake.take("queryRuntimeInfo").size()) << "the other is not asked";
     expectNothingKeptOf(source);
 }
 

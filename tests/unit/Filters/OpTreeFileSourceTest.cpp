@@ -7,6 +7,7 @@
 #include "support/RuntimeTest.h"
 
 #include <stdexcept>
+#include <unistd.h>
 
 #include <sys/stat.h>
 
@@ -71,6 +72,17 @@ TEST_F(OpTreeFile, IsNotValidWhenItDoesNotExist) {
     std::string message = "before";
     EXPECT_FALSE(OpTreeFileSource(name).isValid(&message));
     EXPECT_EQ("File \"" + name + "\" does not exist.", message);
+}
+
+TEST_F(OpTreeFile, DoesNotExistWhenItsStatusCannotBeRead) {
+    const std::string file = freshFile("ops");
+    const std::string link = freshName("_link");
+    ASSERT_EQ(0, ::symlink((file + "_gone").c_str(), link.c_str()));
+    for (const std::string& name : {file + "/below", link, std::string(10000, 'x')}) {
+        std::string message;
+        EXPECT_FALSE(OpTreeFileSource(name).isValid(&message));
+        EXPECT_EQ("File \"" + name + "\" does not exist.", message);
+    }
 }
 
 TEST_F(OpTreeFile, LeavesTheMessageAloneWhenItIsValid) {

@@ -2,6 +2,7 @@
 #include "Producers/AsyncGeometryProducer.h"
 
 #include <OvSylvarProducers/ClientFactory.h>
+#include <SylvarPlatform/SylvarServices.h>
 
 #include "support/RuntimeTest.h"
 
@@ -107,6 +108,20 @@ TEST_F(Async, GivesTheClientThatItWasMadeWith) {
     EXPECT_EQ(client, a->getClient());
     EXPECT_EQ(client, a->parent->getClient());
     EXPECT_EQ(client, a->parent->getFirstChild(false)->getClient());
+}
+
+TEST_F(Async, KeepsItsClientAndThroughItTheRuntime) {
+    const auto transaction =
+        Sylvar3::OvSylvarServicesHost::v1::Sylvar().createRuntime()->createTransaction();
+    auto own = transaction->createClient();
+    own->cookLocation("/root");
+    own->cookLocation("/root/a");
+    GeometryProducerPtr root = CreateAsyncGeometryProducer(own, "/root");
+    own.reset();
+    EXPECT_THAT(fake.live(), testing::IsSupersetOf({"c2", "r2"}));
+    EXPECT_TRUE(root->getFirstChild(false));
+    root.reset();
+    EXPECT_THAT(fake.live(), testing::Not(testing::Contains("c2")));
 }
 
 TEST_F(Async, ReadsWhatIsNotCookedAsALocationOfItsOwnForm) {

@@ -179,3 +179,31 @@ TEST(LocationData, IsAGroupOfThreeKeysAndHasItsHash) {
     EXPECT_TRUE(group.getChild<GroupAttribute>("attrs").isValid());
     EXPECT_EQ(group.getHash(), client->cookLocation("/root").getHash());
 }
+
+TEST(LocationData, ExistsWhenItsGroupSaysSo) {
+    struct Row {
+        const char* what;
+        GroupAttribute group;
+        bool exists;
+    };
+    const std::vector<std::int32_t> none;
+    for (const Row& row : {Row{"1", Args().set("exists", 1), true},
+                           Row{"0", Args().set("exists", 0), false},
+                           Row{"a text", Args().set("exists", "1"), false},
+                           Row{"no values", Args().set("exists", IntAttribute(none)), false},
+                           Row{"no such key", Args().set("pc", "a"), false},
+                           Row{"no group", GroupAttribute(), false}}) {
+        EXPECT_EQ(row.exists, SylvarRuntime::LocationData(row.group).doesLocationExist())
+            << row.what;
+        EXPECT_EQ(row.group.getHash(), SylvarRuntime::LocationData(row.group).getHash());
+    }
+}
+
+TEST(LocationData, HasNeitherChildrenNorAttributesOfAnotherKind) {
+    const SylvarRuntime::LocationData location(
+        Args().set("exists", 1).set("pc", 1).set("attrs", "x"));
+    EXPECT_FALSE(location.getPotentialChildren());
+    EXPECT_FALSE(location.getAttrs());
+    EXPECT_FALSE(SylvarRuntime::LocationData().getPotentialChildren());
+    EXPECT_FALSE(SylvarRuntime::LocationData().getAttrs());
+}

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/HeardLogs.h"
+#include "support/HookedOp.h"
 #include "support/OpTree.h"
 #include "support/RuntimeCounts.h"
 #include "support/RuntimeWalk.h"
@@ -7,6 +8,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <stdexcept>
 
 using namespace ovtest;
 using namespace Sylvar3::internal::OvAttribute;
@@ -135,6 +138,26 @@ TEST(Fault, NamesTheArgumentAndWhatWasExpected) {
     }
 }
 
+TEST(Fault, IsWhateverAnOpThrows) {
+    HeardLogs logs;
+    const auto throwing = HookedOpType::hook([](Runtime::Cook& cook, Runtime::LocationWriter& out) {
+        if (cook.path() == "/root/a") {
+            throw 1;
+        }
+        if (cook.path() == "/root/b") {
+            throw std::logic_error("is broken");
+        }
+        writeSmallScene(cook, out);
+    });
+    const auto client = OpTree().op("t", "test.hook", throwing).open();
+    EXPECT_EQ("test.hook (op 1 of 1), /root/a: threw something that is no std::exception",
+              errorAt(*client, "/root/a"));
+    EXPECT_EQ("test.hook (op 1 of 1), /root/b: is broken", errorAt(*client, "/root/b"));
+    EXPECT_EQ("", errorAt(*client, "/root"));
+    EXPECT_EQ(3, countFrom(*client, "/root"));
+    EXPECT_EQ(1U, logs.take().size());
+}
+
 TEST(Fault, NamesTheNumberOfInputs) {
     HeardLogs logs;
     const auto tooFew = OpTree().op("m", "merge").open();
@@ -191,6 +214,19 @@ TEST(Fault, IsNoMissingInputButAWarningAndAnEmptyScene) {
     EXPECT_THAT(logs.take(),
                 ElementsAre(AllOf(HasSubstr("SylvarRuntime warn"),
                                   HasSubstr("merge (op 2 of 2): input 1 is not there"))));
+}
+
+TEST(Fault, IsNoMissingInputAndToldOnceForAllRuntimes) {
+    HeardLogs logs;
+    const OpTree tree = OpTree()
+                            .op("s", "scene", scene("/root/once"))
+                            .op("m", "merge", GroupAttribute(), {"gone", "s", "lost"});
+    const auto first = tree.open();
+    EXPECT_THAT(logs.take(),
+                ElementsAre(HasSubstr("input 1 is not there"), HasSubstr("input 3 is not there")));
+    const auto second = tree.open();
+    EXPECT_EQ(2, countFrom(*second, "/root"));
+    EXPECT_THAT(logs.take(), IsEmpty());
 }
 
 TEST(Fault, IsRemembered) {

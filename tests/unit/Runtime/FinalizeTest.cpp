@@ -113,3 +113,49 @@ TEST(Finalize, FromACookThatAnotherThreadWaitsForEnds) {
     EXPECT_TRUE(client->cookLocation("/root/a").doesLocationExist());
     cook.join();
 }
+
+TEST(Finalize, WaitsForACookThatFinalizesAnotherRuntimeMeanwhile) {
+    Gate otherCooks;
+    Gate goOn;
+    const auto other =
+        OpTree()
+            .op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
+                    writeSmallScene(cook, out);
+                    if (cook.path() == "/root/a") {
+                        otherCooks.open();
+                        goOn.wait();
+                    }
+                }))
+            .open();
+    Gate cooking;
+    std::atomic<bool> hasEnded{false};
+    const auto client =
+        OpTree()
+            .op("hook", "test.hook", HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
+                    writeSmallScene(cook, out);
+                    if (cook.path() == "/root/a") {
+                        cooking.open();
+                        other->getRuntime()->finalize();
+                        hasEnded = true;
+                    }
+                }))
+            .open();
+    std::thread otherCook([&] { other->cookLocation("/root/a"); });
+    otherCooks.wait();
+    std::thread cook([&] { client->cookLocation("/root/a"); });
+    cooking.wait();
+    Gate finalizing;
+    std::thread finalizer([&] {
+        finalizing.open();
+        client->getRuntime()->finalize();
+        EXPECT_TRUE(hasEnded);
+    });
+    finalizing.wait();
+    for (int i = 0; i < 1000; ++i) {
+        std::this_thread::yield();
+    }
+    goOn.open();
+    finalizer.join();
+    cook.join();
+    otherCook.join();
+}

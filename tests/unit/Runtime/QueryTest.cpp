@@ -169,6 +169,17 @@ TEST(Query, CountsTheCooksAndHitsOfAWalk) {
     EXPECT_EQ(1, RuntimeCounts(*client).evictions("generate") - warm.evictions("generate"));
 }
 
+TEST(Query, AddsUpTheTimeThatCooksTake) {
+    const auto client =
+        OpTree().op("g", "generate", Args().set("depth", 2).set("seed", 906)).open();
+    const double before = RuntimeCounts(*client).seconds("generate");
+    countFrom(*client, "/root");
+    const double cold = RuntimeCounts(*client).seconds("generate");
+    EXPECT_LT(before, cold);
+    countFrom(*client, "/root");
+    EXPECT_EQ(cold, RuntimeCounts(*client).seconds("generate")) << "nothing was cooked";
+}
+
 TEST(Query, KeepsTheCountsOfRuntimesThatEnded) {
     const auto witness = OpTree().op("g", "generate", Args().set("seed", 902)).open();
     EXPECT_EQ(

@@ -166,3 +166,30 @@ TEST(Waiting, IsACycleForAnOpThatReadsItself) {
     EXPECT_NE(std::string::npos, errorOf(one.client->cookLocation("/root/a")).find("cycle"));
     EXPECT_EQ("", errorOf(one.client->cookLocation("/root/b")));
 }
+
+TEST(Waiting, IsForNobodyElsewhereWhileAnInputCooks) {
+    Gate cooking;
+    Gate goOn;
+    const auto slow = HookedOpType::hook([&](Cook& cook, LocationWriter& out) {
+        writeSmallScene(cook, out);
+        if (cook.path() == "/root/a") {
+            cooking.open();
+            goOn.wait();
+        }
+    });
+    const auto pass =
+        HookedOpType::hook([](Cook& cook, LocationWriter& out) { out.pass(cook.input(0)); });
+    const OpTree tree =
+        OpTree().op("slow", "test.hook", slow).op("pass", "test.hook", pass, {"slow"});
+    const auto client = tree.open();
+    const auto other = tree.open();
+    std::thread stuck([&] { client->cookLocation("/root/a"); });
+    cooking.wait();
+    EXPECT_TRUE(client->cookLocation("/root/b").doesLocationExist());
+    EXPECT_TRUE(other->cookLocation("/root/b").doesLocationExist());
+    other->getRuntime()->evict("/root/b");
+    EXPECT_TRUE(other->cookLocation("/root/b").doesLocationExist());
+    EXPECT_TRUE(tree.open()->cookLocation("/root/b").doesLocationExist());
+    goOn.open();
+    stuck.join();
+}

@@ -116,6 +116,7 @@ private:
         Phase phase = Phase::Untouched;
         std::size_t nextInput = 0;
         InternedOp::Inputs inputs;
+        std::vector<std::size_t> missingInputs;  ///< Counted from 1.
         std::string fault;
     };
 
@@ -161,7 +162,7 @@ private:
         }
         ++state.nextInput;
         if (input == OpSpec::kNoInput) {
-            warnOfMissingInput(place, state.nextInput);
+            state.missingInputs.push_back(state.nextInput);
             state.inputs.push_back(emptyOp());
         } else if (states_[input].phase == Phase::Open) {
             state.fault = "cycle: the op is an input of itself, by " + placeOf(input);
@@ -178,11 +179,12 @@ private:
             state.fault = faultOfEnabled(specs_[place].arguments);
         }
         const bool isFirst = isPassing(place) && state.fault.empty();
-        ops_[place] = isFirst ? firstOf(state.inputs) : make(place, std::move(state));
+        ops_[place] = isFirst ? firstOf(place, state) : make(place, std::move(state));
     }
 
-    static std::shared_ptr<InternedOp> firstOf(const InternedOp::Inputs& inputs) {
-        return inputs.empty() ? emptyOp() : inputs.front();
+    std::shared_ptr<InternedOp> firstOf(std::size_t place, const State& state) const {
+        warnOfMissingInputs(place, state);
+        return state.inputs.empty() ? emptyOp() : state.inputs.front();
     }
 
     std::shared_ptr<InternedOp> make(std::size_t place, State state) {
@@ -201,6 +203,7 @@ private:
         if (std::shared_ptr<InternedOp> present = Interner::instance().find(identity.hash())) {
             return present;
         }
+        warnOfMissingInputs(place, state);
         InternedOp::Parts parts;
         parts.typeName = typeNameOf(place);
         parts.typeIndex = typeIndex;
@@ -256,11 +259,14 @@ private:
         return origin_.empty() ? text : text + " in " + origin_;
     }
 
-    void warnOfMissingInput(std::size_t place, std::size_t input) const {
-        OV_LOG(runtimeLogger(),
-               warn,
-               typeNameOf(place) << " (" << placeOf(place) << "): input " << input
-                                 << " is not there, and reads as an empty scene");
+    /// Not for an op that another runtime has, and was warned of.
+    void warnOfMissingInputs(std::size_t place, const State& state) const {
+        for (const std::size_t input : state.missingInputs) {
+            OV_LOG(runtimeLogger(),
+                   warn,
+                   typeNameOf(place) << " (" << placeOf(place) << "): input " << input
+                                     << " is not there, and reads as an empty scene");
+        }
     }
 
     const std::vector<OpSpec>& specs_;

@@ -3,6 +3,7 @@
 
 #include "Platform/Embedded/Runtime/Client.h"
 #include "Platform/Embedded/Runtime/Eviction.h"
+#include "Platform/Embedded/Runtime/Statistics.h"
 #include "Platform/Embedded/Runtime/Store.h"
 #include "Platform/Embedded/Runtime/WaitingRoom.h"
 #include "Platform/Support/OnceBuilt.h"
@@ -51,12 +52,15 @@ public:
     FinalizingThread& operator=(const FinalizingThread&) = delete;
 };
 
-/// Whether the calling thread has to wait for the end of what the session cooks.
-bool isToBeAwaited(const Session& session) {
+/// Whether the calling thread has to wait for the end of what the session cooks. Nobody waits for a
+/// thread that is not within a cook itself: it can wait for all.
+bool isToBeAwaited(const Session& session, bool isWithinACook) {
     const std::thread::id thread = session.cookingThread.load(std::memory_order_acquire);
+    if (thread == std::thread::id() || !isWithinACook) {
+        return thread != std::thread::id();
+    }
     const std::thread::id own = std::this_thread::get_id();
-    return thread != std::thread::id() && thread != own &&
-           !FinalizingThreads::instance().has(thread) &&
+    return thread != own && !FinalizingThreads::instance().has(thread) &&
            !WaitingRoom::instance().isWaitingFor(session, own);
 }
 
@@ -100,6 +104,7 @@ void Runtime::finalize() {
 
 void Runtime::waitForCooks() const {
     const FinalizingThread marked;
+    const bool isWithinACook = Statistics::instance().isCooking(std::this_thread::get_id());
     std::map<const Session*, std::uint64_t> cooking;
     const auto look = [&](auto use) {
         const MutexLock lock(mutex_);
@@ -115,8 +120,8 @@ void Runtime::waitForCooks() const {
         isWaiting = false;
         look([&](const Session& session, std::uint64_t finished) {
             const auto since = cooking.find(&session);
-            isWaiting |=
-                since != cooking.end() && since->second == finished && isToBeAwaited(session);
+            isWaiting |= since != cooking.end() && since->second == finished &&
+                         isToBeAwaited(session, isWithinACook);
         });
         if (isWaiting) {
             std::this_thread::sleep_for(std::chrono::microseconds(200));

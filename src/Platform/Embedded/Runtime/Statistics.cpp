@@ -4,6 +4,8 @@
 #include "Platform/Embedded/Runtime/Session.h"
 #include "Platform/Support/OnceBuilt.h"
 
+#include <algorithm>
+
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
 using Support::MutexLock;
@@ -31,6 +33,13 @@ Statistics::Counts Statistics::counts() const {
         addTo(sums, *session);
     }
     return sums;
+}
+
+bool Statistics::isCooking(std::thread::id thread) const {
+    const MutexLock lock(mutex_);
+    return std::any_of(sessions_.begin(), sessions_.end(), [&](const Session* session) {
+        return session->cookingThread.load(std::memory_order_acquire) == thread;
+    });
 }
 
 void Statistics::addTo(Counts& sums, const Session& session) {

@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <set>
+#include <thread>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
@@ -33,6 +34,9 @@ public:
     void add(const Session& session) OV_EXCLUDES(mutex_);
     void remove(const Session& session) OV_EXCLUDES(mutex_);
     Counts counts() const OV_EXCLUDES(mutex_);
+
+    /// Whether that thread is within a cook of any session.
+    bool isCooking(std::thread::id thread) const OV_EXCLUDES(mutex_);
 
 private:
     static void addTo(Counts& sums, const Session& session);
