@@ -116,8 +116,8 @@ Session& Client::takeExtra() {
     }
     made_.push_back(std::make_unique<Session>());
     Session& session = *made_.back();
-    session.tryTake(session.store.age());
     extra_.push_back(&session);
+    session.tryTake(session.store.age());
     return session;
 }
 

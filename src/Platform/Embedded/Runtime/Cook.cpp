@@ -262,6 +262,40 @@ Location cookClaimed(Session& session, InternedOp& op, Slot& slot, std::string_v
     }
 }
 
+/// Cooks a location and those above it for the caller alone: nothing is kept, and so nothing can be
+/// dropped before the location is reached.
+Location cookAside(Session& session, InternedOp& op, std::string_view path) {
+    Slot gone{SlotValue::kGone};
+    for (std::size_t end = 0;;) {
+        Location location = cookClaimed(session, op, gone, path.substr(0, end));
+        if (!location.exists() || end == path.size()) {
+            return location;
+        }
+        const std::size_t begin = end + 1;
+        end = std::min(path.find('/', begin), path.size());
+        if (location.names().find(path.substr(begin, end - begin), 0) < 0) {
+            return {};
+        }
+    }
+}
+
+/// How far the way down to a location has come. It begins anew when what is above was dropped
+/// meanwhile: now and then by others, and each time when the budget has no room for all of it.
+class Progress {
+public:
+    void reach(std::size_t pathLength) {
+        setbacks_ += pathLength < next_ ? 1 : 0;
+        next_ = pathLength + 1;
+    }
+    bool isHopeless() const { return setbacks_ == kMostSetbacks; }
+
+private:
+    static constexpr int kMostSetbacks = 3;
+
+    int setbacks_ = 0;
+    std::size_t next_ = 0;
+};
+
 }  // namespace
 
 Location Cook::input(std::size_t index, std::string_view path) {
@@ -286,7 +320,8 @@ Location cookLocation(Session& session, InternedOp& op, std::string_view path) {
     if (!canBePath(path)) {
         return {};
     }
-    while (true) {
+    Progress progress;
+    while (!progress.isHopeless()) {
         Finding finding = find(session, op, path, true);
         const bool isLast = finding.pathLength == path.size();
         Location location;
@@ -318,7 +353,9 @@ Location cookLocation(Session& session, InternedOp& op, std::string_view path) {
         if (isLast || !location.exists()) {
             return location;
         }
+        progress.reach(finding.pathLength);
     }
+    return cookAside(session, op, path);
 }
 
 bool findCooked(Session& session, InternedOp& op, std::string_view path, Location& location) {

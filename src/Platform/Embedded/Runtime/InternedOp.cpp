@@ -5,6 +5,7 @@
 #include "Platform/Embedded/Runtime/RuntimeLog.h"
 #include "Platform/Embedded/Runtime/Store.h"
 
+#include <new>
 #include <unordered_map>
 #include <utility>
 
@@ -21,19 +22,28 @@ InternedOp::InternedOp(Parts parts) : parts_(std::move(parts)) {
 
 InternedOp::~InternedOp() {
     Interner::instance().forget(*this);
-    Store::instance().drop({&top});
-    // A long chain of inputs ends here, one after the other, and not one within the other.
-    Inputs ending = std::move(parts_.inputs);
-    while (!ending.empty()) {
-        const std::shared_ptr<InternedOp> op = std::move(ending.back());
-        ending.pop_back();
-        if (op.use_count() == 1) {
-            for (std::shared_ptr<InternedOp>& input : op->parts_.inputs) {
-                ending.push_back(std::move(input));
-            }
-            op->parts_.inputs.clear();
+    Store::instance().drop(top);
+    letInputsGo();
+}
+
+void InternedOp::letInputsGo() noexcept {
+    // The inputs of ops that end while another one's inputs go on this thread.
+    static thread_local Inputs* later = nullptr;
+    if (later) {
+        try {
+            later->insert(later->end(), parts_.inputs.begin(), parts_.inputs.end());
+        } catch (const std::bad_alloc&) {
+            // They end within this one.
         }
+        return;
     }
+    Inputs going = std::move(parts_.inputs);
+    later = &going;
+    while (!going.empty()) {
+        const std::shared_ptr<InternedOp> op = std::move(going.back());
+        going.pop_back();
+    }
+    later = nullptr;
 }
 
 std::string InternedOp::report(std::string_view path, const char* reason) {

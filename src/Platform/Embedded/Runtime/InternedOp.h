@@ -63,6 +63,10 @@ public:
     Slot top{SlotValue::kUnknown};
 
 private:
+    /// A long chain of inputs ends one after the other, and not one within the other. Takes nothing
+    /// from an op that has not ended: another thread may find it meanwhile.
+    void letInputsGo() noexcept;
+
     Parts parts_;
     std::uint32_t height_ = 1;
     InternedOp* tallestInput_ = nullptr;

@@ -14,7 +14,12 @@ constexpr std::size_t kMostCursors = 4096;
 
 Session::Session() {
     store.add(*this);
-    Statistics::instance().add(*this);
+    try {
+        Statistics::instance().add(*this);
+    } catch (...) {
+        store.remove(*this);
+        throw;
+    }
 }
 
 Session::~Session() {
@@ -25,6 +30,7 @@ Session::~Session() {
 Cursor& Session::cursorOf(const InternedOp& op) {
     if (lastOp_ != &op) {
         if (cursors_.size() >= kMostCursors && cursors_.count(&op) == 0) {
+            lastOp_ = nullptr;
             cursors_.clear();
         }
         lastCursor_ = &cursors_[&op];

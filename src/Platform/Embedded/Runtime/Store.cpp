@@ -170,6 +170,16 @@ void Store::drop(const std::vector<Slot*>& slots) {
     dropFound([&]() -> const std::vector<Slot*>& { return slots; });
 }
 
+void Store::drop(Slot& slot) noexcept {
+    StorePage* freed = nullptr;
+    {
+        const MutexLock lock(mutex_);
+        unlink(slot);
+        freed = settle();
+    }
+    release(freed);
+}
+
 StorePage* Store::dropLocked(const std::vector<Slot*>& slots) {
     for (Slot* const slot : slots) {
         unlink(*slot);

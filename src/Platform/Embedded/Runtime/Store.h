@@ -59,6 +59,7 @@ public:
     /// Drops what hangs in these slots, one after the other: they are unknown afterwards. A cook
     /// under way is not kept.
     void drop(const std::vector<Slot*>& slots) OV_EXCLUDES(mutex_);
+    void drop(Slot& slot) noexcept OV_EXCLUDES(mutex_);
 
     /// Runs `find` under the lock, in which nodes stay where they are, and drops the slots that it
     /// returns.
