@@ -49,6 +49,85 @@ std::int64_t allBytes() {
 
 }  // namespace
 
+TEST(Lifetime, OfPagesWhoseLocationsReferToOneAnotherEnds) {
+    const std::int64_t before = allBytes();
+    {
+        const Ops ops =
+            twoOps(hooked(writeSmallScene),
+                   hooked([](Cook& cook, LocationWriter& out) { out.pass(cook.input(0)); }));
+        Session one;
+        Session other;
+        one.tryTake(Store::instance().age());
+        other.tryTake(Store::instance().age());
+        cookLocation(one, *ops[0], "/root/a");
+        cookLocation(other, *ops[0], "/root/b");
+        cookLocation(one, *ops[1], "/root/b");
+        cookLocation(other, *ops[1], "/root/a");
+        one.giveBack();
+        other.giveBack();
+    }
+    EXPECT_EQ(before, allBytes());
+}
+
+TEST(Lifetime, OfPagesEndsWhenOneThreadCooksALongChain) {
+    const std::int64_t before = allBytes();
+    {
+        OpTree tree;
+        tree.op("g", "generate", Args().set("depth", 6).set("count", 600));
+        std::string last = "g";
+        for (int i = 0; i < 20; ++i) {
+            const std::string name = "s" + std::to_string(i);
+            tree.op(name,
+                    "setAttributes",
+                    Args()
+                        .set("paths", "/root/**")
+                        .set("values", GroupAttribute(Args().set("note" + name, i))),
+                    {last});
+            last = name;
+        }
+        EXPECT_EQ(600, countFrom(*tree.open(), "/root"));
+    }
+    EXPECT_EQ(before, allBytes());
+}
+
+TEST(Lifetime, OfPagesEndsWhenManyThreadsCookTwoScenesOfOne) {
+    const std::int64_t before = allBytes();
+    {
+        OpTree tree;
+        tree.op("g", "generate", Args().set("depth", 6).set("count", 2000).set("seed", 77));
+        const auto below = tree.open();
+        tree.op("s",
+                "setAttributes",
+                Args().set("paths", "/root/**").set("values", GroupAttribute(Args().set("n", 1))),
+                {"g"});
+        const auto above = tree.open();
+        onThreads(8, [&](int thread) {
+            EXPECT_EQ(2000, countFrom(thread % 2 == 0 ? *below : *above, "/root"));
+        });
+    }
+    EXPECT_EQ(before, allBytes());
+}
+
+TEST(Lifetime, OfPagesEndsWhenAnOpKeepsAGroupOfItsInputs) {
+    const std::int64_t before = allBytes();
+    {
+        const Ops ops =
+            twoOps(hooked(writeSmallScene), hooked([](Cook& cook, LocationWriter& out) {
+                       const Runtime::Location input = cook.input(0);
+                       const GroupAttribute group =
+                           GroupBuilder().set("of", Attribute::share(input.attributes())).build();
+                       out.setAttributes(
+                           static_cast<LocationWriter::GroupValue*>(out.keep(*group.handle())));
+                       out.setChildrenOf(input);
+                   }));
+        Session session;
+        session.tryTake(Store::instance().age());
+        cookLocation(session, *ops[1], "/root/a");
+        session.giveBack();
+    }
+    EXPECT_EQ(before, allBytes());
+}
+
 TEST(Lifetime, OfAnOpThatIsInternedWhileItsLastReaderEnds) {
     const CookHook nothing = [](Cook&, LocationWriter&) {};
     std::vector<OpSpec> specs;

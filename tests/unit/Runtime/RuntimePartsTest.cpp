@@ -45,7 +45,7 @@ TEST(ParseBytes, ReadsANumberAndItsUnit) {
 TEST(ChildNames, FindsEachNameWithAnyHint) {
     for (const std::uint32_t count : {0U, 1U, 7U, 8U, 9U, 10U, 1000U, 100000U}) {
         Session session;
-        LocationPage page(session, 0);
+        LocationPage page(session);
         std::vector<std::string> texts;
         for (std::uint32_t i = 0; i < count; ++i) {
             texts.push_back("name" + std::to_string(i));

@@ -192,8 +192,6 @@ Node* cookInto(LocationPage& page, Session& session, InternedOp& op, std::string
         return out.finish(op.typeIndex(), cook.foreignReads());
     } catch (const std::bad_alloc&) {
         throw;
-    } catch (const StorePage::TooOld&) {
-        throw;
     } catch (const TooDeep& error) {
         if (session.depth > 1) {
             throw;
@@ -231,35 +229,18 @@ void cookChainOf(Session& session, const InternedOp& op, std::string_view path) 
     }
 }
 
-/// Cooks a claimed location, in a page behind that of an order, and settles the claim.
-Location cookAndSettle(Claim& claim,
-                       Session& session,
-                       InternedOp& op,
-                       std::string_view path,
-                       std::uint64_t order) {
-    LocationPage page(session, order);
-    Node* const node = cookInto(page, session, op, path);
-    Location location = node ? Location(node->location, node->names) : Location();
-    claim.settle(node, location);
-    return location;
-}
-
 Location cookClaimed(Session& session, InternedOp& op, Slot& slot, std::string_view path) {
     Claim claim(session, slot);
     if (op.height() > InternedOp::kStation) {
         cookChainOf(session, op, path);
     }
     CookCount count(session, op);
-    std::uint64_t order = 0;
-    while (true) {
-        try {
-            Location location = cookAndSettle(claim, session, op, path, order);
-            count.finish();
-            return location;
-        } catch (const StorePage::TooOld& page) {
-            order = page.order;
-        }
-    }
+    LocationPage page(session);
+    Node* const node = cookInto(page, session, op, path);
+    Location location = node ? Location(node->location, node->names) : Location();
+    count.finish();
+    claim.settle(node, location);
+    return location;
 }
 
 /// Cooks a location and those above it for the caller alone: nothing is kept, and so nothing can be

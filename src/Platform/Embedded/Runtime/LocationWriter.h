@@ -17,8 +17,7 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 /// What an op says of the location that it cooks. Values lie in a page of the store, or are kept by
 /// it. A location is there, without attributes and children, unless the op says otherwise.
 ///
-/// An op that reads before it writes is run once; one that reads and keeps something after it has
-/// begun to write may have to be run again.
+/// An op had better read all that it needs before it writes: then its location lies in one page.
 ///
 /// All of it may throw `std::bad_alloc`. Belongs to one thread, for one cook.
 class LocationWriter {
@@ -47,7 +46,7 @@ public:
     GroupValue* addGroup(const Shape& shape, Value* const* children, bool inherits);
 
     /// A value from elsewhere, kept for as long as the location is there.
-    Value* keep(Value& value) { return page().keep(value); }
+    Value* keep(Value& value) { return page_.keep(value); }
 
     /// @}
     /// @name The location

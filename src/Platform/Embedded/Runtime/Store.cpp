@@ -55,8 +55,10 @@ void Store::remove(Reader& reader) {
 }
 
 StorePage& Store::beginLocation(Reader& reader, std::uint64_t order) {
-    if (!reader.page || reader.page->isFull() || reader.page->order() < order) {
-        openPage(reader);
+    if (!reader.page || reader.page->order() < order) {
+        openPage(reader, kFirstPageBytes);
+    } else if (reader.page->isFull()) {
+        openPage(reader, std::min(reader.nextPageBytes, kLargestPageBytes));
     }
     ++reader.page->writers;
     return *reader.page;
@@ -70,9 +72,7 @@ void Store::endLocation(Reader& reader, StorePage& page) {
     }
 }
 
-void Store::openPage(Reader& reader) {
-    const std::size_t bytes =
-        reader.page ? std::min(reader.nextPageBytes, kLargestPageBytes) : kFirstPageBytes;
+void Store::openPage(Reader& reader, std::size_t bytes) {
     const std::uint64_t order = lastOrder_.fetch_add(1, std::memory_order_relaxed) + 1;
     auto* const page = new StorePage(bytes, order, detachedBytes_);
     StorePage* freed = nullptr;

@@ -113,7 +113,7 @@ private:
         void remove(StorePage& page);
     };
 
-    void openPage(Reader& reader) OV_EXCLUDES(mutex_);
+    void openPage(Reader& reader, std::size_t bytes) OV_EXCLUDES(mutex_);
     void close(Reader& reader) OV_REQUIRES(mutex_);
     void close(StorePage& page) OV_REQUIRES(mutex_);
     void account(StorePage& page) OV_EXCLUDES(mutex_);

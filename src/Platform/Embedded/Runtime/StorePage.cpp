@@ -7,10 +7,43 @@
 #include "Platform/Embedded/Attributes/Values/NameList.h"
 
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
 namespace Values = OvAttribute::Embedded;
+
+namespace {
+
+/// How many values of a group by itself are looked at, to see what they keep.
+constexpr std::size_t kMostLooks = 1000;
+
+/// An order above those of all blocks that a value by itself keeps.
+std::uint64_t orderAbove(const Values::Value& value) {
+    std::uint64_t order = 0;
+    std::vector<const Values::Value*> pending = {&value};
+    for (std::size_t looks = 0; !pending.empty(); ++looks) {
+        if (looks == kMostLooks) {
+            return StorePage::kNewOrder;
+        }
+        const Values::Value& one = *pending.back();
+        pending.pop_back();
+        const Values::Owner& owner = Values::ownerOf(one);
+        if (owner.block) {
+            order = std::max(order, owner.block->order() == 0 ? 0 : owner.block->order() + 1);
+        } else if (one.kind == OV_ATTRIBUTE_GROUP) {
+            const auto& group = static_cast<const Values::GroupValue&>(one);
+            std::copy_if(group.begin(),
+                         group.end(),
+                         std::back_inserter(pending),
+                         [](const Values::Value* child) { return child != nullptr; });
+        }
+    }
+    return order;
+}
+
+}  // namespace
 
 StorePage::~StorePage() {
     if (isDetached) {
@@ -23,15 +56,20 @@ bool StorePage::isKept(const void* thing) const {
     return std::find(kept_.begin(), kept_.end(), thing) != kept_.end();
 }
 
+std::uint64_t StorePage::orderToKeep(const Value& value) const {
+    const Values::Owner& owner = Values::ownerOf(value);
+    if (owner.block) {
+        return owner.block->order();
+    }
+    return isKept(&owner) ? 0 : orderAbove(value);
+}
+
 StorePage::Value* StorePage::keep(Value& value) {
     const Values::Owner& owner = Values::ownerOf(value);
     if (owner.block == this) {
         return &value;
     }
     // Any value of a block keeps the whole block; a value by itself has an owner without one.
-    if (orderOf(value) > order()) {
-        throw TooOld{orderOf(value)};
-    }
     const void* const piece = owner.block ? static_cast<const void*>(owner.block) : &owner;
     if (!isKept(piece)) {
         hold(Values::retained(&value));

@@ -29,16 +29,17 @@ public:
     StorePage(std::size_t bytes, std::uint64_t order, std::atomic<std::int64_t>& detachedBytes)
         : Block(bytes, kOverflowBytes, order), firstBytes_(bytes), detachedBytes_(detachedBytes) {}
 
-    /// What `keep` throws for a value of a page that was opened later.
-    struct TooOld {
-        std::uint64_t order;  ///< Of that page.
-    };
-
     /// The order of the page in which a value lies; 0 when it lies elsewhere.
     static std::uint64_t orderOf(const Value& value) {
         const Block* const block = OvAttribute::Embedded::ownerOf(value).block;
         return block ? block->order() : 0;
     }
+
+    /// The least order of a page that can keep a value.
+    std::uint64_t orderToKeep(const Value& value) const;
+
+    /// Higher than that of any page.
+    static constexpr std::uint64_t kNewOrder = ~std::uint64_t{0};
 
     /// Whether the next location had better go to another page. One in which nothing lies yet has
     /// no memory either.
@@ -46,8 +47,8 @@ public:
         return pageBytes() != 0 && (bytesLeft() < kFullWhenLeft || pageBytes() > firstBytes_);
     }
 
-    /// Keeps a value that a location of this page refers to; returns it. Throws `std::bad_alloc`
-    /// and `TooOld`.
+    /// Keeps a value that a location of this page refers to, and that its order allows it to keep;
+    /// returns it. Throws `std::bad_alloc`.
     Value* keep(Value& value);
     const OvAttribute::Embedded::Shape& keep(const OvAttribute::Embedded::Shape& shape);
 
