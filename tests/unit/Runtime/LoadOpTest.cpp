@@ -13,8 +13,10 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 using namespace ovtest;
 using namespace Sylvar3::internal::OvAttribute;
@@ -272,6 +274,37 @@ TEST(Load, SeesAChangedFileInARuntimeThatIsMadeLater) {
     const auto second = load(file.path());
     EXPECT_TRUE(isThere(*second, "/root/afterwards"));
     EXPECT_TRUE(isThere(*first, "/root/before"));
+}
+
+TEST(Load, ForgetsAFileThatChangesWhileItIsRead) {
+    class Meanwhile : public AssetPlugin {
+    public:
+        std::string resolveAsset(const std::string& assetId, int, bool) override {
+            if (assetId == "meanwhile" && happens) {
+                std::exchange(happens, nullptr)();
+            }
+            return assetId;
+        }
+        std::function<void()> happens;
+    };
+    TestFile file("load_while_read.optree");
+    // Its ops are made while it is read, and the first one asks for the path of an asset.
+    file.writeOpTree(OpTree()
+                         .op("l", "load", Args().set("file", "meanwhile"))
+                         .op("s", "scene", Args().set("tree", sceneOf("/root/before")))
+                         .group());
+    const auto client = load(file.path());
+    Meanwhile plugin;
+    plugin.happens = [&] {
+        file.writeOpTree(treeOf("/root/afterwards"));
+        client->getRuntime()->evict("/root");
+    };
+    OvAssetPluginManager::setDefaultAssetPlugin(&plugin);
+    client->cookLocation("/root");
+    OvAssetPluginManager::setDefaultAssetPlugin(nullptr);
+    EXPECT_FALSE(plugin.happens);
+    EXPECT_FALSE(isThere(*client, "/root/before"));
+    EXPECT_TRUE(isThere(*client, "/root/afterwards"));
 }
 
 TEST(Load, MissesADeletedFileAfterAnEvictAndFindsItAgain) {

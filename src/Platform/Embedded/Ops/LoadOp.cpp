@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <optional>
 #include <utility>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
@@ -90,8 +91,8 @@ public:
     }
 
     bool hasChanged() const override {
-        const MutexLock lock(mutex_);
-        return loaded_.isThere && !(FileIdentity(file_) == loaded_.identity);
+        const std::optional<FileIdentity> known = identity();
+        return known && !(FileIdentity(file_) == *known);
     }
 
     std::shared_ptr<const void> forget() const override {
@@ -100,7 +101,8 @@ public:
     }
 
 private:
-    /// What the file held when it was read: ops, or what is wrong with it.
+    /// What the file held when it was read: ops, or what is wrong with it. While it is read, only
+    /// which file that is: so that it is forgotten too when another file takes its place meanwhile.
     struct Loaded {
         bool isThere = false;
         FileIdentity identity{};
@@ -117,15 +119,28 @@ private:
         if (std::shared_ptr<InternedOp> known = find()) {
             return known;
         }
-        Loaded loaded;
-        loaded.isThere = true;
-        loaded.identity = FileIdentity(file_);
+        Loaded loaded = begin();
         try {
             loaded.top = readOps(file_, loaded.identity);
         } catch (const OpError& error) {
             loaded.fault = error.what();
         }
         return keep(std::move(loaded));
+    }
+
+    Loaded begin() const OV_EXCLUDES(mutex_) {
+        Loaded loaded;
+        loaded.isThere = true;
+        loaded.identity = FileIdentity(file_);
+        const MutexLock lock(mutex_);
+        loaded_ = loaded;
+        return loaded;
+    }
+
+    /// Of the file that was read, or is; none when none was.
+    std::optional<FileIdentity> identity() const OV_EXCLUDES(mutex_) {
+        const MutexLock lock(mutex_);
+        return loaded_.isThere ? std::optional(loaded_.identity) : std::nullopt;
     }
 
     std::shared_ptr<InternedOp> find() const OV_EXCLUDES(mutex_) {
@@ -138,7 +153,7 @@ private:
 
     /// Ops that load one another would keep one another for ever: the last one of the round is told
     /// so instead. One lock for all, so that two of them do not close the round at once. Returns
-    /// what is kept: it may be forgotten again at once. Throws `OpError`.
+    /// what was loaded: it is not kept when it was forgotten meanwhile. Throws `OpError`.
     std::shared_ptr<InternedOp> keep(Loaded loaded) const OV_EXCLUDES(mutex_) {
         static Mutex linking;
         const MutexLock link(linking);
@@ -148,7 +163,9 @@ private:
         }
         {
             const MutexLock lock(mutex_);
-            loaded_ = loaded;
+            if (loaded_.isThere) {
+                loaded_ = loaded;
+            }
         }
         if (!loaded.fault.empty()) {
             throw OpError(loaded.fault);
