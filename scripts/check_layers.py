@@ -19,7 +19,8 @@ BELOW = {
     "Materials": ["Platform"],
     "Utils": ["Platform", "Filters", "Producers", "Camera", "Procedurals", "Materials"],
 }
-EMBEDDED = {"Attributes", "Runtime", "Ops", "Services"}
+# The parts of the embedded platform, from the bottom up.
+EMBEDDED = ["Attributes", "Runtime", "Ops", "Services"]
 PUBLIC = {"OvSylvarProducers", "ResolutionTableOv", "SylvarPlatform"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
 
@@ -78,6 +79,11 @@ def embedded_faults(root):
     for folder in sorted((root / "src/Platform/Embedded").glob("*")):
         if folder.is_dir() and folder.name not in EMBEDDED:
             yield folder, "is no known part of the embedded platform"
+    for height, part in enumerate(EMBEDDED):
+        for file in sources(root / "src/Platform/Embedded" / part):
+            for _, path, _ in includes(file):
+                if any(path.startswith(f"Platform/Embedded/{above}/") for above in EMBEDDED[height + 1:]):
+                    yield file, f"{part} must not include {path}"
 
 
 def outside_faults(root):

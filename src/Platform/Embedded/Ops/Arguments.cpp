@@ -3,8 +3,9 @@
 
 #include <SylvarPlatform/SampleAccessor.h>
 
-#include "Platform/Embedded/Ops/MountPath.h"
 #include "Platform/Embedded/Ops/NearestName.h"
+#include "Platform/Embedded/Runtime/KindName.h"
+#include "Platform/Embedded/Runtime/MountPath.h"
 
 #include <algorithm>
 #include <utility>
@@ -49,23 +50,6 @@ const ArgumentSchema* findSchema(const OpSchema& schema, std::string_view name) 
 }
 
 }  // namespace
-
-const char* kindName(std::int32_t type) {
-    switch (type) {
-        case OV_ATTRIBUTE_INT:
-            return "int";
-        case OV_ATTRIBUTE_FLOAT:
-            return "float";
-        case OV_ATTRIBUTE_DOUBLE:
-            return "double";
-        case OV_ATTRIBUTE_STRING:
-            return "string";
-        case OV_ATTRIBUTE_GROUP:
-            return "group";
-        default:
-            return "null";
-    }
-}
 
 Arguments::Arguments(const OpSchema& schema, GroupAttribute group) : group_(std::move(group)) {
     for (std::int64_t i = 0; i < group_.getNumberOfChildren(); ++i) {

@@ -51,7 +51,4 @@ private:
     OvAttribute::GroupAttribute group_;
 };
 
-/// "int", "float", "double", "string", "group"; "null" for anything else.
-const char* kindName(std::int32_t type);
-
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

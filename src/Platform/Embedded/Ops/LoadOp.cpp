@@ -4,9 +4,10 @@
 
 #include "Platform/Embedded/Ops/Arguments.h"
 #include "Platform/Embedded/Ops/FileIdentity.h"
-#include "Platform/Embedded/Ops/MountPath.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
+#include "Platform/Embedded/Ops/SceneOp.h"
 #include "Platform/Embedded/Runtime/Cook.h"
+#include "Platform/Embedded/Runtime/MountPath.h"
 #include "Platform/Embedded/Runtime/OpGraph.h"
 #include "Platform/Embedded/Runtime/RuntimeLog.h"
 #include "Platform/Support/Mutex.h"
@@ -50,8 +51,9 @@ std::shared_ptr<InternedOp> readOps(const std::string& file, const FileIdentity&
         throw OpError(result.error);
     }
     if (result.content == AttributeContent::StaticScene) {
-        return internStoredScene(
-            castAttribute<GroupAttribute>(result.attribute), identity.text(), file);
+        return internBody("scene", identity.text(), file, [&] {
+            return makeScene(castAttribute<GroupAttribute>(result.attribute), kLoadedTop);
+        });
     }
     if (result.content != AttributeContent::OpTree) {
         throw OpError(file + ": holds neither an op tree nor a scene");

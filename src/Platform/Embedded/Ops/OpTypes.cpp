@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/OpTypes.h"
 
+#include "Platform/Embedded/Runtime/OpTypeTable.h"
+
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
 std::vector<const OpType*> builtInOpTypes() {

@@ -3,8 +3,6 @@
 
 #include "Platform/Embedded/Runtime/Op.h"
 
-#include <vector>
-
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
 /// @name The platform's own op types, each for the life of the process
@@ -15,8 +13,5 @@ const OpType& mergeOpType();
 const OpType& sceneOpType();
 const OpType& setAttributesOpType();
 /// @}
-
-/// All of them, by name.
-std::vector<const OpType*> builtInOpTypes();
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

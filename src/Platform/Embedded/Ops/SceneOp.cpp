@@ -4,9 +4,9 @@
 #include <SylvarPlatform/DelimiterCodec.h>
 
 #include "Platform/Embedded/Ops/Arguments.h"
-#include "Platform/Embedded/Ops/MountPath.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Runtime/Cook.h"
+#include "Platform/Embedded/Runtime/MountPath.h"
 #include "Platform/Support/OnceBuilt.h"
 
 #include <algorithm>

@@ -6,12 +6,11 @@
 #include <SylvarPlatform/SampleAccessor.h>
 
 #include "Platform/Embedded/Attributes/Values/Hashing.h"
-#include "Platform/Embedded/Ops/Arguments.h"
-#include "Platform/Embedded/Ops/MountPath.h"
-#include "Platform/Embedded/Ops/PassingOps.h"
-#include "Platform/Embedded/Ops/SceneOp.h"
 #include "Platform/Embedded/Runtime/Interner.h"
+#include "Platform/Embedded/Runtime/KindName.h"
+#include "Platform/Embedded/Runtime/MountPath.h"
 #include "Platform/Embedded/Runtime/OpTypeTable.h"
+#include "Platform/Embedded/Runtime/PassingOps.h"
 #include "Platform/Embedded/Runtime/RuntimeLog.h"
 
 #include <algorithm>
@@ -296,22 +295,24 @@ std::shared_ptr<InternedOp> emptyOp() {
     return Interner::instance().intern(std::move(parts));
 }
 
-std::shared_ptr<InternedOp> internStoredScene(GroupAttribute tree,
-                                              const std::string& identity,
-                                              const std::string& origin) {
+std::shared_ptr<InternedOp> internBody(const std::string& typeName,
+                                       const std::string& identity,
+                                       const std::string& origin,
+                                       const std::function<std::unique_ptr<const OpBody>()>& make) {
     Identity whole;
-    whole.add("stored scene");
+    whole.add(typeName);
+    whole.add("of its own identity");
     whole.add(identity);
     if (std::shared_ptr<InternedOp> present = Interner::instance().find(whole.hash())) {
         return present;
     }
     InternedOp::Parts parts;
-    parts.typeName = "scene";
-    parts.typeIndex = OpTypeTable::instance().find(parts.typeName).second;
+    parts.typeName = typeName;
+    parts.typeIndex = OpTypeTable::instance().find(typeName).second;
     parts.place = origin;
     parts.at = "/root";
     parts.hash = whole.hash();
-    parts.body = makeScene(std::move(tree), parts.at);
+    parts.body = make();
     return Interner::instance().intern(std::move(parts));
 }
 

@@ -6,6 +6,7 @@
 #include "Platform/Embedded/Runtime/InternedOp.h"
 
 #include <cstddef>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <string>
@@ -36,11 +37,13 @@ std::vector<std::shared_ptr<InternedOp>> internOps(const std::vector<OpSpec>& sp
 /// The op of an empty scene.
 std::shared_ptr<InternedOp> emptyOp();
 
-/// The op of a stored scene with its top at /root, known by an identity of its own, so that its
-/// content need not be hashed. `origin` is the file that it comes from.
-std::shared_ptr<InternedOp> internStoredScene(OvAttribute::GroupAttribute tree,
-                                              const std::string& identity,
-                                              const std::string& origin);
+/// The op of a body that an op makes for itself, without inputs. It is known by an identity in
+/// place of its arguments, so that these need not be hashed; `make` is called when there is none
+/// yet. `origin` is the file that it comes from.
+std::shared_ptr<InternedOp> internBody(const std::string& typeName,
+                                       const std::string& identity,
+                                       const std::string& origin,
+                                       const std::function<std::unique_ptr<const OpBody>()>& make);
 
 /// The ops of an op tree group, in its order; the last one is the terminal op. False, and why, when
 /// it is none: a child that is no group, or no child at all.

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Runtime/OpTypeTable.h"
 
-#include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Support/OnceBuilt.h"
 
 namespace Sylvar3::internal::OvSylvar::Embedded {

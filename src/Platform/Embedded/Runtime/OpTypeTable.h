@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
@@ -48,5 +49,9 @@ private:
     std::array<const OpType*, kMostOpTypes> types_{};
     std::atomic<std::uint32_t> size_{1};
 };
+
+/// The platform's own op types, by name, each for the life of the process. They are defined with
+/// the ops, which stand above this.
+std::vector<const OpType*> builtInOpTypes();
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

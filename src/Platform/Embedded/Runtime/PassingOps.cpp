@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/PassingOps.h"
+#include "Platform/Embedded/Runtime/PassingOps.h"
 
-#include "Platform/Embedded/Ops/MountPath.h"
 #include "Platform/Embedded/Runtime/Cook.h"
+#include "Platform/Embedded/Runtime/MountPath.h"
 
 #include <utility>
 
