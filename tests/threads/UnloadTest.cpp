@@ -3,6 +3,7 @@
 #include <OvSylvarProducers/GeometryProducer.h>
 
 #include "support/FakeRuntime.h"
+#include "support/OpTree.h"
 
 #include <gtest/gtest.h>
 
@@ -21,13 +22,13 @@ constexpr const char* kCreate =
     "e"
     "ERKNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEE";
 
-const char* walk(void* library) {
+using SYLVAR::GroupAttribute;
+
+const char* walk(void* library, const GroupAttribute& tree) {
     const auto create = reinterpret_cast<Create>(::dlsym(library, kCreate));
     if (!create) {
         return "nothing to create a producer with";
     }
-    using SYLVAR::GroupAttribute;
-    const GroupAttribute tree({{"op", GroupAttribute({}, false)}}, false);
     const SYLVAR::GeometryProducerPtr root = create(tree, "/root");
     if (!root || !root->getFirstChild(false)) {
         return "no scene";
@@ -36,8 +37,7 @@ const char* walk(void* library) {
 }
 
 /// Walks on a thread, unloads the library, ends the thread and then the process.
-[[noreturn]] void unloadBeforeTheThreadEnds() {
-    ovtest::FakeRuntime::fresh().at("/root", {"a"}).at("/root/a");
+[[noreturn]] void unloadBeforeTheThreadEnds(const GroupAttribute& tree) {
     void* const library = ::dlopen(OV_TEST_LIBRARY, RTLD_NOW | RTLD_LOCAL);
     if (!library) {
         std::fprintf(stderr, "%s\n", ::dlerror());
@@ -46,7 +46,7 @@ const char* walk(void* library) {
     std::promise<const char*> walked;
     std::promise<void> isUnloaded;
     std::thread walker([&] {
-        walked.set_value(walk(library));
+        walked.set_value(walk(library, tree));
         isUnloaded.get_future().wait();
     });
     const char* const fault = walked.get_future().get();
@@ -59,9 +59,23 @@ const char* walk(void* library) {
     std::exit(fault ? 1 : 0);
 }
 
+[[noreturn]] void unloadWithARuntimeOfAPlugin() {
+    ovtest::FakeRuntime::fresh().at("/root", {"a"}).at("/root/a");
+    unloadBeforeTheThreadEnds(GroupAttribute({{"op", GroupAttribute({}, false)}}, false));
+}
+
+[[noreturn]] void unloadWithThePlatformsRuntime() {
+    unloadBeforeTheThreadEnds(ovtest::OpTree().op("scene", "generate").group());
+}
+
 TEST(Unload, LetsAThreadThatWalkedEndAfterTheLibraryWasClosed) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
-    EXPECT_EXIT(unloadBeforeTheThreadEnds(), testing::ExitedWithCode(0), "^$");
+    EXPECT_EXIT(unloadWithARuntimeOfAPlugin(), testing::ExitedWithCode(0), "^$");
+}
+
+TEST(Unload, LetsAThreadThatCookedEndAfterTheLibraryWasClosed) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_EXIT(unloadWithThePlatformsRuntime(), testing::ExitedWithCode(0), "^$");
 }
 
 }  // namespace
