@@ -2,6 +2,7 @@
 // Many threads, each with a client and a runtime of its own, cost the cooking and the memory of
 // one.
 #include <OvSylvarProducers/ThreadAwareGeometryProducer.h>
+#include <SylvarPlatform/AttributeFile.h>
 
 #include "support/OpTree.h"
 #include "support/RuntimeWalk.h"
@@ -123,4 +124,27 @@ TEST(RuntimeSharing, EachThreadHasAClientAndARuntimeOfItsOwn) {
         different.insert(client->getRuntime().get());
     }
     EXPECT_EQ(16U, different.size());
+}
+
+TEST(RootOnAFile, ThatIsMissingIsNull) {
+    EXPECT_FALSE(CreateThreadAwareGeometryProducer("/nowhere/missing.optree", "/root"));
+    EXPECT_FALSE(CreateThreadAwareGeometryProducer("", "/root/a"));
+}
+
+TEST(RootOnAFile, ThatGoesBeforeASecondThreadsFirstStepShowsThatThreadNothing) {
+    using namespace Sylvar3::internal::OvAttribute;
+    const std::string filename = std::string(OV_TEST_OUTPUT_DIR) + "/goes.optree";
+    ASSERT_EQ(
+        "",
+        writeAttributeFile(sceneOf(10), AttributeContent::OpTree, AttributeForm::Binary, filename));
+    const auto top = CreateThreadAwareGeometryProducer(filename, "/root");
+    ASSERT_TRUE(top);
+    ASSERT_EQ(0, std::remove(filename.c_str()));
+    onThreads(1, [&](int) {
+        EXPECT_FALSE(top->getFirstChild(false));
+        EXPECT_FALSE(top->getChildByName("c0", false));
+        EXPECT_FALSE(top->getClient());
+        EXPECT_TRUE(top->getAttribute("type")) << "what was cooked is there";
+    });
+    EXPECT_TRUE(top->getFirstChild(false)) << "the first thread has its client";
 }
