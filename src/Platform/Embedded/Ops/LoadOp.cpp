@@ -44,16 +44,23 @@ std::string resolved(const std::string& file) {
     }
 }
 
-/// The last op of what a file holds. Throws `OpError`.
-std::shared_ptr<InternedOp> readOps(const std::string& file, const FileIdentity& identity) {
+/// What a file holds: the last op of its tree, or the op of its stored scene.
+struct Content {
+    std::shared_ptr<InternedOp> top;
+    const SceneBody* scene = nullptr;  ///< Of a stored scene; the op's.
+};
+
+/// Throws `OpError`.
+Content readContent(const std::string& file, const FileIdentity& identity) {
     const AttributeReadResult result = OvAttribute::readAttributeFile(file);
     if (!result.error.empty()) {
         throw OpError(result.error);
     }
     if (result.content == AttributeContent::StaticScene) {
-        return internBody("scene", identity.text(), file, [&] {
+        const auto top = internBody("scene", identity.text(), file, [&] {
             return makeScene(castAttribute<GroupAttribute>(result.attribute), kLoadedTop);
         });
+        return {top, static_cast<const SceneBody*>(&top->body())};
     }
     if (result.content != AttributeContent::OpTree) {
         throw OpError(file + ": holds neither an op tree nor a scene");
@@ -63,7 +70,7 @@ std::shared_ptr<InternedOp> readOps(const std::string& file, const FileIdentity&
     if (!readOpTree(castAttribute<GroupAttribute>(result.attribute), specs, fault)) {
         throw OpError(file + ": " + fault);
     }
-    return internOps(specs, file).back();
+    return {internOps(specs, file).back(), nullptr};
 }
 
 class LoadOp final : public OpBody {
@@ -74,12 +81,8 @@ public:
         switch (mount_.placeOf(cook.path())) {
             case MountPath::Place::Above:
                 return out.setChildren({mount_.nextName(cook.path())});
-            case MountPath::Place::Inside: {
-                const std::shared_ptr<InternedOp> top = load();
-                std::string path = kLoadedTop;
-                path += mount_.rest(cook.path());
-                return out.pass(cook.read(*top, path));
-            }
+            case MountPath::Place::Inside:
+                return cookInside(cook, out);
             case MountPath::Place::Beside:
                 return out.setAbsent();
         }
@@ -87,8 +90,8 @@ public:
 
     void collectOwnOps(std::vector<std::shared_ptr<InternedOp>>& ops) const override {
         const MutexLock lock(mutex_);
-        if (loaded_.top) {
-            ops.push_back(loaded_.top);
+        if (loaded_.content.top) {
+            ops.push_back(loaded_.content.top);
         }
     }
 
@@ -99,7 +102,7 @@ public:
 
     std::shared_ptr<const void> forget() const override {
         const MutexLock lock(mutex_);
-        return std::exchange(loaded_, Loaded()).top;
+        return std::exchange(loaded_, Loaded()).content.top;
     }
 
 private:
@@ -108,22 +111,34 @@ private:
     struct Loaded {
         bool isThere = false;
         FileIdentity identity{};
-        std::shared_ptr<InternedOp> top{};
+        Content content{};
         std::string fault{};
     };
 
-    /// The last op of the file, which is read when it was not read before. Throws `OpError`.
-    std::shared_ptr<InternedOp> load() const OV_EXCLUDES(loading_, mutex_) {
-        if (std::shared_ptr<InternedOp> known = find()) {
+    /// A stored scene has each location as it is; there is nothing to keep of it once more.
+    void cookInside(Cook& cook, LocationWriter& out) const {
+        const Content content = load();
+        const std::string_view rest = mount_.rest(cook.path());
+        if (content.scene) {
+            return content.scene->cookBelow(rest, out);
+        }
+        std::string path = kLoadedTop;
+        path += rest;
+        out.pass(cook.read(*content.top, path));
+    }
+
+    /// Reads the file when it was not read before. Throws `OpError`.
+    Content load() const OV_EXCLUDES(loading_, mutex_) {
+        if (Content known = find(); known.top) {
             return known;
         }
         const MutexLock lock(loading_);
-        if (std::shared_ptr<InternedOp> known = find()) {
+        if (Content known = find(); known.top) {
             return known;
         }
         Loaded loaded = begin();
         try {
-            loaded.top = readOps(file_, loaded.identity);
+            loaded.content = readContent(file_, loaded.identity);
         } catch (const OpError& error) {
             loaded.fault = error.what();
         }
@@ -145,22 +160,22 @@ private:
         return loaded_.isThere ? std::optional(loaded_.identity) : std::nullopt;
     }
 
-    std::shared_ptr<InternedOp> find() const OV_EXCLUDES(mutex_) {
+    Content find() const OV_EXCLUDES(mutex_) {
         const MutexLock lock(mutex_);
         if (!loaded_.fault.empty()) {
             throw OpError(loaded_.fault);
         }
-        return loaded_.top;
+        return loaded_.content;
     }
 
     /// Ops that load one another would keep one another for ever: the last one of the round is told
     /// so instead. One lock for all, so that two of them do not close the round at once. Returns
     /// what was loaded: it is not kept when it was forgotten meanwhile. Throws `OpError`.
-    std::shared_ptr<InternedOp> keep(Loaded loaded) const OV_EXCLUDES(mutex_) {
+    Content keep(Loaded loaded) const OV_EXCLUDES(mutex_) {
         static Mutex linking;
         const MutexLock link(linking);
-        if (loaded.top && reaches(loaded.top)) {
-            loaded.top = nullptr;
+        if (loaded.content.top && reaches(loaded.content.top)) {
+            loaded.content = {};
             loaded.fault = "cycle: " + file_ + " loads itself";
         }
         {
@@ -172,7 +187,7 @@ private:
         if (!loaded.fault.empty()) {
             throw OpError(loaded.fault);
         }
-        return loaded.top;
+        return loaded.content;
     }
 
     bool reaches(const std::shared_ptr<InternedOp>& top) const {

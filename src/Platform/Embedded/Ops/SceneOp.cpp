@@ -97,7 +97,7 @@ private:
     std::vector<std::string_view> names_;
 };
 
-class SceneOp final : public OpBody {
+class SceneOp final : public SceneBody {
 public:
     SceneOp(GroupAttribute tree, std::string at) : tree_(std::move(tree)), mount_(std::move(at)) {}
 
@@ -106,14 +106,13 @@ public:
             case MountPath::Place::Above:
                 return out.setChildren({mount_.nextName(cook.path())});
             case MountPath::Place::Inside:
-                return cookInside(mount_.rest(cook.path()), out);
+                return cookBelow(mount_.rest(cook.path()), out);
             case MountPath::Place::Beside:
                 return out.setAbsent();
         }
     }
 
-private:
-    void cookInside(std::string_view rest, LocationWriter& out) const {
+    void cookBelow(std::string_view rest, LocationWriter& out) const override {
         GroupValue* location = asGroup(tree_.handle());
         for (std::size_t begin = 1; begin < rest.size(); ++begin) {
             const std::size_t end = std::min(rest.find('/', begin), rest.size());
@@ -132,6 +131,7 @@ private:
         }
     }
 
+private:
     static void write(const GroupValue& location, LocationWriter& out) {
         if (GroupValue* const attributes = asGroup(location.find("a"))) {
             out.setAttributes(static_cast<GroupValue*>(out.keep(*attributes)));
@@ -172,7 +172,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<const OpBody> makeScene(GroupAttribute tree, std::string at) {
+std::unique_ptr<const SceneBody> makeScene(GroupAttribute tree, std::string at) {
     return std::make_unique<SceneOp>(std::move(tree), std::move(at));
 }
 
