@@ -49,3 +49,19 @@ TEST(Generate, IsTheSameSceneForTheSameArguments) {
     EXPECT_EQ(hashOf(1), hashOf(1));
     EXPECT_NE(hashOf(1), hashOf(2));
 }
+
+TEST(Generate, GivesLocationsSharedMaterialsInTurn) {
+    const auto client =
+        OpTree().op("g", "generate", Args().set("depth", 1).set("materials", 3)).open();
+    const auto materialOf = [&](const char* path) {
+        return client->cookLocation(path).getAttrs().getChild<GroupAttribute>("material");
+    };
+    const GroupAttribute material = materialOf("/root");
+    EXPECT_EQ("network", material.getChild<StringAttribute>("style").getValue(""));
+    EXPECT_EQ("standard_surface",
+              material.getChild<StringAttribute>("nodes.surface.type").getValue(""));
+    EXPECT_EQ("surface", material.getChild<StringAttribute>("terminals.surface").getValue(""));
+    EXPECT_EQ(material.handle(), materialOf("/root/c2").handle()) << "the same value";
+    EXPECT_NE(material.getHash(), materialOf("/root/c0").getHash());
+    EXPECT_NE(material.getHash(), materialOf("/root/c1").getHash());
+}

@@ -89,7 +89,8 @@ public:
             treeOf(arguments),
             GeneratedAttributes(arguments.getInt("seed", 0, -kMost, kMost),
                                 arguments.getInt("attributes", 4, 0, 1000),
-                                arguments.getInt("motionSamples", 1, 1, 1000)),
+                                arguments.getInt("motionSamples", 1, 1, 1000),
+                                arguments.getInt("materials", 0, 0, 1 << 16)),
             faults);
     }
 
@@ -111,6 +112,7 @@ private:
             {"seed", "int", "0", "Another number, other values."},
             {"attributes", "int", "4", "Small attributes of each location."},
             {"motionSamples", "int", "1", "Time samples of each transform."},
+            {"materials", "int", "0", "Materials that the locations have in turn; 0: none."},
             {"absentEvery", "int", "0", "Every such location is not there; 0: none."},
             {"failEvery", "int", "0", "Every such location fails; 0: none."},
         },

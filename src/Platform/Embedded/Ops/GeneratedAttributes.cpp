@@ -2,6 +2,8 @@
 #include "Platform/Embedded/Ops/GeneratedAttributes.h"
 
 #include "Platform/Embedded/Attributes/Values/NameList.h"
+#include "Platform/Embedded/Ops/GeneratedMaterials.h"
+#include "Platform/Embedded/Ops/RandomNumber.h"
 
 #include <boost/container/small_vector.hpp>
 
@@ -21,19 +23,6 @@ constexpr int kMatrix = 16;
 constexpr int kBound = 6;
 constexpr std::uint64_t kColumns = 8;  ///< Siblings stand side by side in rows of so many.
 
-/// SplitMix64 (Steele, Lea, Flood 2014): neighbouring numbers give unrelated ones.
-std::uint64_t mixed(std::uint64_t number) {
-    number += 0x9e3779b97f4a7c15;
-    number = (number ^ (number >> 30)) * 0xbf58476d1ce4e5b9;
-    number = (number ^ (number >> 27)) * 0x94d049bb133111eb;
-    return number ^ (number >> 31);
-}
-
-/// From 0 up to 1.
-double unit(std::uint64_t random) {
-    return static_cast<double>(random >> 11) * 0x1p-53;
-}
-
 Values::DataShape doubles(int count) {
     Values::DataShape shape{OV_ATTRIBUTE_DOUBLE};
     shape.tupleSize = count;
@@ -41,13 +30,16 @@ Values::DataShape doubles(int count) {
     return shape;
 }
 
-const Values::Shape* shapeOf(std::size_t smallCount) {
+const Values::Shape* shapeOf(std::size_t smallCount, bool hasMaterial) {
     Values::NameList names;
     for (const char* const name : {"type", "xform", "bound"}) {
         names.add(name);
     }
     for (std::size_t i = 0; i < smallCount; ++i) {
         names.add("value" + std::to_string(i));
+    }
+    if (hasMaterial) {
+        names.add("material");
     }
     return Values::Shape::of(names);
 }
@@ -62,10 +54,12 @@ const Values::Shape* transformShape() {
 
 GeneratedAttributes::GeneratedAttributes(std::int32_t seed,
                                          std::int32_t count,
-                                         std::int32_t motionSamples)
+                                         std::int32_t motionSamples,
+                                         std::int32_t materials)
     : seed_(mixed(static_cast<std::uint64_t>(std::int64_t{seed}))),
       count_(static_cast<std::size_t>(count)),
-      shape_(shapeOf(count_)),
+      materials_(generatedMaterials(materials, seed_)),
+      shape_(shapeOf(count_, materials > 0)),
       transformShape_(transformShape()) {
     for (std::int32_t i = 0; motionSamples > 1 && i < motionSamples; ++i) {
         times_.push_back(static_cast<float>(i) / static_cast<float>(motionSamples - 1));
@@ -75,12 +69,16 @@ GeneratedAttributes::GeneratedAttributes(std::int32_t seed,
 Values::GroupValue* GeneratedAttributes::write(const GeneratedTree::Place& place,
                                                LocationWriter& out) const {
     const std::uint64_t random = mixed(seed_ ^ place.number);
-    boost::container::small_vector<Value*, 16> values(kFixedAttributes + count_);
+    boost::container::small_vector<Value*, 16> values(kFixedAttributes + count_ +
+                                                      (materials_.empty() ? 0 : 1));
     values[0] = out.addString("group");
     values[1] = transform(place, out);
     values[2] = bound(random, out);
     for (std::size_t i = 0; i < count_; ++i) {
         values[kFixedAttributes + i] = small(i, mixed(random + i), out);
+    }
+    if (!materials_.empty()) {
+        values.back() = out.keep(*materials_[place.number % materials_.size()].handle());
     }
     return out.addGroup(*shape_, values.data(), false);
 }

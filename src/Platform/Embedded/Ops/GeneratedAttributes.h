@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <SylvarPlatform/GroupAttribute.h>
+
 #include "Platform/Embedded/Attributes/Values/Shape.h"
 #include "Platform/Embedded/Ops/GeneratedTree.h"
 #include "Platform/Embedded/Runtime/LocationWriter.h"
@@ -13,13 +15,17 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 
 /// The attributes of a generated scene's locations: "type", "xform" with a "matrix" that sets
 /// siblings beside one another, "bound" (six doubles: least and greatest x, y, z), and small ones,
-/// "value0", "value1", ..., in turn an int, a float, a double and a string. Immutable; any thread.
+/// "value0", "value1", ..., in turn an int, a float, a double and a string; with materials also
+/// "material", each of them in turn. Immutable; any thread.
 class GeneratedAttributes {
 public:
     using GroupValue = LocationWriter::GroupValue;
     using Value = LocationWriter::Value;
 
-    GeneratedAttributes(std::int32_t seed, std::int32_t count, std::int32_t motionSamples);
+    GeneratedAttributes(std::int32_t seed,
+                        std::int32_t count,
+                        std::int32_t motionSamples,
+                        std::int32_t materials);
 
     GroupValue* write(const GeneratedTree::Place& place, LocationWriter& out) const;
 
@@ -36,6 +42,7 @@ private:
     std::uint64_t seed_;
     std::size_t count_;
     std::vector<float> times_;
+    std::vector<OvAttribute::GroupAttribute> materials_;
     HeldShape shape_;
     HeldShape transformShape_;
 };
