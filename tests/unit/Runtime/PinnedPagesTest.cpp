@@ -58,3 +58,22 @@ TEST(Store, FreesPagesOfTwoSessionsThatKeepValuesOfOneAnother) {
     }
     EXPECT_EQ(before, pinnedBytes());
 }
+
+TEST(Store, DoesNotCountAsPinnedWhatOnlyOtherLocationsHold) {
+    const auto client =
+        OpTree()
+            .op("g", "generate", generated(4))
+            .op("s",
+                "setAttributes",
+                Args()
+                    .set("paths", "/root/**")
+                    .set("values", GroupAttribute({{"mark", IntAttribute(3)}}, false)),
+                {"g"})
+            .open();
+    countFrom(*client, "/root");
+    const RuntimeCounts counts(*client);
+    EXPECT_GT(counts.store("bytes"), 300'000);
+    EXPECT_LE(counts.store("pinnedBytes"), 130'000) << "no more than the page that is open";
+    const auto held = client->cookLocation("/root/c3");
+    EXPECT_GT(RuntimeCounts(*client).store("pinnedBytes"), 0);
+}

@@ -277,8 +277,8 @@ StoreTotals Store::totals() const {
     totals.evictions = evictions_;
     for (const StorePage* page = pages_.first; page; page = page->next) {
         totals.entries += page->live.load(std::memory_order_relaxed) - (page->isOpen ? 1 : 0);
-        totals.pinnedBytes +=
-            page->isShared() ? page->accountedBytes.load(std::memory_order_relaxed) : 0;
+        const bool isPinned = page->isOpen ? page->isShared() : page->isHeld();
+        totals.pinnedBytes += isPinned ? page->accountedBytes.load(std::memory_order_relaxed) : 0;
     }
     return totals;
 }

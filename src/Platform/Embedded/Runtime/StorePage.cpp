@@ -72,10 +72,34 @@ StorePage::Value* StorePage::keep(Value& value) {
     // Any value of a block keeps the whole block; a value by itself has an owner without one.
     const void* const piece = owner.block ? static_cast<const void*>(owner.block) : &owner;
     if (!isKept(piece)) {
-        hold(Values::retained(&value));
+        holdOf(value,
+               owner.block && owner.block->order() != 0 ? static_cast<StorePage*>(owner.block)
+                                                        : nullptr);
         remember(piece);
     }
     return &value;
+}
+
+void StorePage::holdOf(Value& value, StorePage* page) {
+    if (page) {
+        keptPages_.push_back(page);
+        page->keptByPages_.fetch_add(1, std::memory_order_relaxed);
+    }
+    try {
+        hold(Values::retained(&value));
+    } catch (...) {
+        if (page) {
+            keptPages_.pop_back();
+            page->keptByPages_.fetch_sub(1, std::memory_order_relaxed);
+        }
+        throw;
+    }
+}
+
+void StorePage::beforeEnd() noexcept {
+    for (StorePage* const page : keptPages_) {
+        page->keptByPages_.fetch_sub(1, std::memory_order_relaxed);
+    }
 }
 
 const Values::Shape& StorePage::keep(const Values::Shape& shape) {

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
 struct GroupValue;
@@ -67,6 +68,9 @@ public:
         }
     }
 
+    /// Whether anybody holds a value of it, other pages not counted; once it is closed.
+    bool isHeld() const { return references() > keptByPages_.load(std::memory_order_relaxed); }
+
     std::atomic<bool> isUsed{true};
 
     /// The nodes of this page that are in a slot, and one while it is open.
@@ -95,6 +99,8 @@ private:
     static constexpr std::size_t kRemembered = 8;
 
     ~StorePage() override;
+    void beforeEnd() noexcept override;
+    void holdOf(Value& value, StorePage* page);
 
     bool isKept(const void* thing) const;
     void remember(const void* thing) { kept_[nextKept_++ % kRemembered] = thing; }
@@ -103,6 +109,8 @@ private:
     std::atomic<std::int64_t>& detachedBytes_;
     std::array<const void*, kRemembered> kept_{};  ///< Some of what is kept already.
     std::size_t nextKept_ = 0;
+    std::vector<StorePage*> keptPages_;         ///< One for each value of a page that it keeps.
+    std::atomic<std::int64_t> keptByPages_{0};  ///< How many values of this one pages keep.
     Value* exists_ = nullptr;
     Value* noChildren_ = nullptr;
     OvAttribute::Embedded::GroupValue* noAttributes_ = nullptr;

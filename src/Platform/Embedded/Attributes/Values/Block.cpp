@@ -76,6 +76,14 @@ void Block::hold(Value* owned) {
     }
 }
 
+std::int64_t Block::references() const {
+    std::int64_t sum = 0;
+    for (const Owner* const page : pages_) {
+        sum += page->count.load(std::memory_order_relaxed);
+    }
+    return sum;
+}
+
 Block::~Block() {
     for (const Shape* const shape : heldShapes_) {
         shape->release();

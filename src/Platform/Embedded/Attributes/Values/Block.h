@@ -68,8 +68,14 @@ public:
     /// Whether anybody but the maker has a reference.
     bool isShared() const { return count_.load(std::memory_order_relaxed) > 1; }
 
+    /// The references on its values, as they are one after the other; while nobody fills it.
+    std::int64_t references() const;
+
 protected:
     virtual ~Block();
+
+    /// When the last reference is gone, and all that it holds is still there.
+    virtual void beforeEnd() noexcept {}
 
 private:
     friend class Graveyard;

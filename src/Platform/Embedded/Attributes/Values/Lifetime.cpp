@@ -48,6 +48,7 @@ private:
     void endNextBlock() {
         Block& block = *nextBlock_;
         nextBlock_ = block.nextDead_;
+        block.beforeEnd();
         for (Value* const held : block.heldValues_) {
             letGo(held);
         }
