@@ -6,6 +6,8 @@
 
 #include "Platform/Embedded/Ops/RandomNumber.h"
 
+#include <cstddef>
+
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
 using OvAttribute::FloatAttribute;
@@ -36,6 +38,7 @@ GroupAttribute materialOf(std::uint64_t random) {
 
 std::vector<GroupAttribute> generatedMaterials(std::int32_t count, std::uint64_t seed) {
     std::vector<GroupAttribute> materials;
+    materials.reserve(static_cast<std::size_t>(count));
     for (std::int32_t i = 0; i < count; ++i) {
         materials.push_back(materialOf(mixed(seed + static_cast<std::uint64_t>(i))));
     }
