@@ -178,11 +178,13 @@ TEST(Evict, WhileManyWalkNeverMixesAParentWithAChildOfAnotherTime) {
     });
     onThreads(4, [&](int) {
         const auto client = scene.open();
-        int last = 0;
+        int lastParent = 0;
         while (!isOver) {
-            const int version = scene.versionOf(client->cookLocation("/root/a"));
-            EXPECT_LE(last, version + 1) << "an older one than was seen before";
-            last = version;
+            const int parent = scene.versionOf(client->cookLocation("/root"));
+            const int child = scene.versionOf(client->cookLocation("/root/a"));
+            EXPECT_LE(lastParent, parent) << "an older one than was seen before";
+            EXPECT_LE(parent, child) << "a child from before its parent";
+            lastParent = parent;
         }
     });
     evictor.join();

@@ -48,13 +48,13 @@ TEST(Finalize, WaitsForTheCooksUnderWay) {
             .open();
     std::thread cook([&] { client->cookLocation("/root/a"); });
     cooking.wait();
-    std::atomic<bool> isFinal{false};
+    Gate begins;
     std::thread finalizer([&] {
+        begins.open();
         client->getRuntime()->finalize();
         EXPECT_TRUE(hasEnded);
-        isFinal = true;
     });
-    EXPECT_FALSE(isFinal);
+    begins.wait();
     goOn.open();
     cook.join();
     finalizer.join();

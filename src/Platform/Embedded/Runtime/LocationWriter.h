@@ -69,8 +69,6 @@ public:
 
     /// @}
 
-    bool isAbsent() const { return isAbsent_; }
-
     /// The node of this location, in no slot yet; null for an absent one.
     Node* finish(std::uint32_t opType, const std::vector<ForeignRead>& reads);
 

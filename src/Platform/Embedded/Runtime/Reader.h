@@ -61,8 +61,6 @@ public:
         return state < kFirstAge ? kNoAge : state;
     }
 
-    bool isFree() const { return state_.load(std::memory_order_acquire) == kFree; }
-
     static constexpr std::uint64_t kFirstAge = 2;
 
     /// Where it puts what it cooks; null before the first time. Its owner's.

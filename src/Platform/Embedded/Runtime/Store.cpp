@@ -27,14 +27,12 @@ void Store::PageList::append(StorePage& page) {
     page.next = nullptr;
     (last ? last->next : first) = &page;
     last = &page;
-    page.isListed = true;
     ++size;
 }
 
 void Store::PageList::remove(StorePage& page) {
     (page.previous ? page.previous->next : first) = page.next;
     (page.next ? page.next->previous : last) = page.previous;
-    page.isListed = false;
     --size;
 }
 
@@ -66,10 +64,16 @@ StorePage& Store::beginLocation(Reader& reader, std::uint64_t order) {
 
 void Store::endLocation(Reader& reader, StorePage& page) {
     account(page);
-    if (--page.writers == 0 && reader.page != &page) {
+    if (--page.writers != 0 || reader.page == &page) {
+        return;
+    }
+    StorePage* freed = nullptr;
+    {
         const MutexLock lock(mutex_);
         close(page);
+        freed = settle();
     }
+    release(freed);
 }
 
 void Store::openPage(Reader& reader, std::size_t bytes) {

@@ -86,7 +86,6 @@ public:
     /// @name Under the store's lock
     /// @{
     bool isOpen = true;
-    bool isListed = false;
     bool isDetached = false;
     StorePage* previous = nullptr;
     StorePage* next = nullptr;  ///< In the list of pages, then in that of retired ones.
