@@ -20,11 +20,17 @@ using OvAttribute::StringAttribute;
 namespace {
 
 bool isOfKind(std::int32_t type, std::string_view kind) {
-    if (kind == "number") {
+    if (kind == "number" || kind == "numbers") {
         return type == OV_ATTRIBUTE_INT || type == OV_ATTRIBUTE_FLOAT ||
                type == OV_ATTRIBUTE_DOUBLE;
     }
-    return kind == (type == OV_ATTRIBUTE_STRING && kind == "strings" ? "strings" : kindName(type));
+    if (kind == "strings") {
+        return type == OV_ATTRIBUTE_STRING;
+    }
+    if (kind == "group or string") {
+        return type == OV_ATTRIBUTE_GROUP || type == OV_ATTRIBUTE_STRING;
+    }
+    return kind == kindName(type);
 }
 
 std::string quoted(std::string_view text) {
@@ -64,16 +70,15 @@ Arguments::Arguments(const OpSchema& schema, GroupAttribute group) : group_(std:
                           kindName(value.getType()));
         }
     }
+    for (const ArgumentSchema& argument : schema.arguments) {
+        if (!argument.defaultText && !has(argument.name)) {
+            throw OpError("argument " + quoted(argument.name) + " is missing");
+        }
+    }
 }
 
 void Arguments::fail(const char* name, const std::string& expected) {
     throw OpError("argument " + quoted(name) + ": expected " + expected);
-}
-
-void Arguments::require(const char* name) const {
-    if (!has(name)) {
-        throw OpError("argument " + quoted(name) + " is missing");
-    }
 }
 
 std::int32_t Arguments::getInt(const char* name,

@@ -17,8 +17,9 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 /// `OpError` with a text that names the argument and what was expected.
 class Arguments {
 public:
-    /// Throws for an argument that the type does not have, with the nearest one that it has, and
-    /// for one of another kind than it is to be. A null group has no arguments.
+    /// Throws for an argument that the type does not have, with the nearest one that it has, for
+    /// one of another kind than it is to be, and for one that must be given and is not. A null
+    /// group has no arguments.
     Arguments(const OpSchema& schema, OvAttribute::GroupAttribute group);
 
     bool has(const char* name) const { return group_.getChildByName(name).isValid(); }
@@ -41,9 +42,6 @@ public:
     std::string getPath(const char* name, const std::string& otherwise) const;
 
     OvAttribute::GroupAttribute getGroup(const char* name) const;
-
-    /// For an argument that has to be there.
-    void require(const char* name) const;
 
     [[noreturn]] static void fail(const char* name, const std::string& expected);
 

@@ -212,7 +212,6 @@ public:
                                        std::size_t /*inputCount*/,
                                        const std::string& /*place*/) const override {
         const Arguments arguments(schema_, group);
-        arguments.require("file");
         const std::string file = arguments.getString("file", "");
         if (file.empty()) {
             Arguments::fail("file", "a file's name, found \"\"");
@@ -230,10 +229,15 @@ private:
     const OpSchema schema_ = {
         "load",
         "Another op tree, or a stored scene, from a file; read when it is first needed.",
+        "The asset plug-in finds the file; ours looks along `SYLVAR_ASSET_PATH`. All "
+        "that load one file share what is cooked of it. A file that cannot be read is "
+        "an error at `at`; so is one that loads itself, directly or by way of others. A "
+        "changed file is noticed by runtimes that are made after the change, and by "
+        "others when they evict a location.",
         0,
         0,
         {
-            {"file", "string", "", "The file: an asset's name, or a path."},
+            {"file", "string", nullptr, "The file: an asset's name, or a path."},
             {"at", "string", kLoadedTop, "Where the file's location /root goes."},
         },
     };

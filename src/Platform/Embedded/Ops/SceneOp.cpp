@@ -153,7 +153,6 @@ public:
                                        std::size_t /*inputCount*/,
                                        const std::string& /*place*/) const override {
         const Arguments arguments(schema_, group);
-        arguments.require("tree");
         return makeScene(arguments.getGroup("tree"), arguments.getPath("at", "/root"));
     }
 
@@ -161,10 +160,19 @@ private:
     const OpSchema schema_ = {
         "scene",
         "A static scene that stands in the op tree itself.",
+        "The attribute groups of the tree are those of the locations, the very same "
+        "values. The keys of `\"c\"` are encoded names: `%2E` stands for the byte `.`, "
+        "and so on. A location of which two children have one name, or one child a name "
+        "that no path can hold, is an error, without its children. A child that is no "
+        "group is a location with nothing in it. The locations above `at` are there, "
+        "with nothing but the way down.",
         0,
         0,
         {
-            {"tree", "group", "", "The top location: its attributes \"a\" and its children \"c\"."},
+            {"tree",
+             "group",
+             nullptr,
+             "The top location: its attributes \"a\" and its children \"c\"."},
             {"at", "string", "/root", "The path of the top location."},
         },
     };

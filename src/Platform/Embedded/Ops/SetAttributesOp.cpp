@@ -66,8 +66,6 @@ public:
                                        std::size_t /*inputCount*/,
                                        const std::string& /*place*/) const override {
         const Arguments arguments(schema_, group);
-        arguments.require("paths");
-        arguments.require("values");
         const auto mode =
             static_cast<Mode>(arguments.getChoice("mode", {"replace", "merge", "ifMissing"}));
         return std::make_unique<SetAttributesOp>(
@@ -78,11 +76,14 @@ private:
     const OpSchema schema_ = {
         "setAttributes",
         "Sets attributes of the locations that its patterns match.",
+        "Locations that no pattern matches are handed on as they are; it makes none. "
+        "Names are those of the location's own attributes: a group replaces a whole "
+        "group unless the mode is `merge`. A null value hides what was there.",
         1,
         1,
         {
-            {"paths", "strings", "", "Patterns for the paths of the locations."},
-            {"values", "group", "", "The attributes, by name."},
+            {"paths", "strings", nullptr, "Patterns for the paths of the locations."},
+            {"values", "group", nullptr, "The attributes, by name."},
             {"mode",
              "string",
              "replace",

@@ -69,6 +69,7 @@ void writeSchema(const OpSchema& schema, Writer& json) {
     json.StartObject();
     writeText(json, "type", schema.name);
     writeText(json, "about", schema.about);
+    writeText(json, "remarks", schema.remarks);
     json.Key("fewestInputs");
     json.Int64(schema.fewestInputs);
     json.Key("mostInputs");
@@ -79,7 +80,9 @@ void writeSchema(const OpSchema& schema, Writer& json) {
         json.StartObject();
         writeText(json, "name", argument.name);
         writeText(json, "kind", argument.kind);
-        writeText(json, "default", argument.defaultText);
+        json.Key("isNeeded");
+        json.Bool(argument.defaultText == nullptr);
+        writeText(json, "default", argument.defaultText ? argument.defaultText : "");
         writeText(json, "about", argument.about);
         json.EndObject();
     }
