@@ -30,7 +30,7 @@ bool isOfKind(std::int32_t type, std::string_view kind) {
     if (kind == "group or string") {
         return type == OV_ATTRIBUTE_GROUP || type == OV_ATTRIBUTE_STRING;
     }
-    return kind == kindName(type);
+    return kind == kindName(type) || (kind == "ints" && type == OV_ATTRIBUTE_INT);
 }
 
 std::string quoted(std::string_view text) {
@@ -118,14 +118,39 @@ std::size_t Arguments::getChoice(const char* name, const std::vector<const char*
 
 std::string Arguments::getPath(const char* name, const std::string& otherwise) const {
     std::string path = getString(name, otherwise);
+    checkPath(name, path);
+    return path;
+}
+
+void Arguments::checkPath(const char* name, const std::string& path) {
     if (!isLocationPath(path)) {
         fail(name, "a location's path such as /root/world, found " + quoted(path));
     }
-    return path;
+}
+
+std::string Arguments::getName(const char* name, const std::string& otherwise) const {
+    std::string text = getString(name, otherwise);
+    if (text.empty() || text.find('/') != std::string::npos) {
+        fail(name, "a text that a location's name can hold, found " + quoted(text));
+    }
+    return text;
 }
 
 GroupAttribute Arguments::getGroup(const char* name) const {
     return group_.getChild<GroupAttribute>(name);
+}
+
+NumberList Arguments::getNumbers(const char* name, std::size_t count, bool isList) const {
+    const OvAttribute::Attribute value = group_.getChildByName(name);
+    NumberList numbers(value);
+    const bool isRight = isList ? numbers.size() % count == 0 : numbers.size() == count;
+    if (value && (numbers.isEmpty() || !isRight)) {
+        const std::string wanted = std::to_string(count);
+        fail(name,
+             (isList ? "a multiple of " + wanted : wanted) + " numbers, found " +
+                 std::to_string(numbers.size()));
+    }
+    return numbers;
 }
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

@@ -4,6 +4,7 @@
 #include <SylvarPlatform/DataAttribute.h>
 #include <SylvarPlatform/GroupAttribute.h>
 
+#include "Platform/Embedded/Ops/NumberList.h"
 #include "Platform/Embedded/Runtime/Op.h"
 
 #include <cstdint>
@@ -41,7 +42,17 @@ public:
     /// A string that is the path of a location, such as /root/world.
     std::string getPath(const char* name, const std::string& otherwise) const;
 
+    /// A string that can be part of a location's name.
+    std::string getName(const char* name, const std::string& otherwise) const;
+
     OvAttribute::GroupAttribute getGroup(const char* name) const;
+
+    /// As many numbers in each sample as `count` says, or a multiple of that when `isList`; none
+    /// when the argument is not there.
+    NumberList getNumbers(const char* name, std::size_t count, bool isList) const;
+
+    /// For a text that has to be the path of a location.
+    static void checkPath(const char* name, const std::string& path);
 
     [[noreturn]] static void fail(const char* name, const std::string& expected);
 

@@ -53,8 +53,8 @@ public:
 struct ArgumentSchema {
     const char* name;
 
-    /// "int"; "number" and "numbers", one or a list of ints, floats or doubles; "string" and
-    /// "strings"; "group"; "group or string".
+    /// "int" and "ints"; "number" and "numbers", one or a list of ints, floats or doubles;
+    /// "string" and "strings"; "group"; "group or string".
     const char* kind;
 
     const char* defaultText;  ///< Null: it must be given. "": nothing.

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "Platform/Embedded/Ops/NamePattern.h"
+#include "Platform/Embedded/Runtime/LocationWriter.h"
+
+#include <string>
+#include <vector>
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+/// Dotted names of attributes, each piece of them a pattern for one name. Immutable; any thread.
+class AttributeNamePatterns {
+public:
+    using GroupValue = LocationWriter::GroupValue;
+
+    /// Throws `OpError` with the name and what is wrong with it.
+    explicit AttributeNamePatterns(const std::vector<std::string>& names);
+
+    /// Whether the group has an attribute of any of the names.
+    bool matchAny(const GroupValue& attributes) const;
+
+    /// The group without the attributes of these names. Groups that lose nothing are kept as they
+    /// are.
+    GroupValue* without(GroupValue& attributes, LocationWriter& out) const;
+
+private:
+    using Pieces = std::vector<NamePattern>;
+
+    std::vector<Pieces> names_;
+};
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded
