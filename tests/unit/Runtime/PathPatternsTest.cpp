@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/PathPatterns.h"
 
-#include "Platform/Embedded/Ops/NearestName.h"
 #include "Platform/Embedded/Runtime/Op.h"
 
 #include <gtest/gtest.h>
@@ -176,25 +175,4 @@ TEST(PathPatterns, TakeNoLongerForAPatternThatCouldMatchInVeryManyWays) {
     EXPECT_FALSE(PathPatterns({name + "b"}).matches(path));
     EXPECT_FALSE(PathPatterns({names + "/b"}).matches(paths));
     EXPECT_TRUE(PathPatterns({names}).matches(paths));
-}
-
-TEST(NearestName, IsOneThatWasProbablyMeant) {
-    const std::vector<std::string_view> names = {
-        "breadth", "depth", "at", "attributes", "failEvery"};
-    struct Row {
-        std::string written;
-        const char* nearest;
-    };
-    for (const Row& row : {Row{"bredth", "breadth"},
-                           {"Breadth", "breadth"},
-                           {"dept", "depth"},
-                           {"a", "at"},
-                           {"attribute", "attributes"},
-                           {"failevery", "failEvery"},
-                           {"colour", ""},
-                           {"", ""},
-                           {std::string(100000, 'a'), ""}}) {
-        EXPECT_EQ(row.nearest, nearestName(row.written, names)) << row.written.substr(0, 20);
-    }
-    EXPECT_EQ("", nearestName("a", {}));
 }

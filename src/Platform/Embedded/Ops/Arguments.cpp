@@ -3,9 +3,9 @@
 
 #include <SylvarPlatform/SampleAccessor.h>
 
-#include "Platform/Embedded/Ops/NearestName.h"
 #include "Platform/Embedded/Runtime/KindName.h"
 #include "Platform/Embedded/Runtime/MountPath.h"
+#include "Platform/Support/NearestName.h"
 
 #include <algorithm>
 #include <utility>
@@ -50,9 +50,7 @@ const ArgumentSchema* findSchema(const OpSchema& schema, std::string_view name) 
     for (const ArgumentSchema& argument : schema.arguments) {
         names.emplace_back(argument.name);
     }
-    const std::string_view nearest = nearestName(name, names);
-    throw OpError("there is no argument " + quoted(name) +
-                  (nearest.empty() ? "" : "; did you mean " + quoted(nearest) + "?"));
+    throw OpError("there is no argument " + quoted(name) + Support::didYouMean(name, names));
 }
 
 }  // namespace

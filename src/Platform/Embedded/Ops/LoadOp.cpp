@@ -1,20 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <SylvarPlatform/AssetPlugin.h>
 #include <SylvarPlatform/AttributeFile.h>
 
 #include "Platform/Embedded/Ops/Arguments.h"
+#include "Platform/Embedded/Ops/AssetPath.h"
 #include "Platform/Embedded/Ops/FileIdentity.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Ops/SceneOp.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Embedded/Runtime/MountPath.h"
 #include "Platform/Embedded/Runtime/OpGraph.h"
-#include "Platform/Embedded/Runtime/RuntimeLog.h"
 #include "Platform/Support/Mutex.h"
 #include "Platform/Support/OnceBuilt.h"
 
 #include <algorithm>
-#include <exception>
 #include <optional>
 #include <utility>
 
@@ -30,19 +28,6 @@ using Support::MutexLock;
 namespace {
 
 constexpr const char* kLoadedTop = "/root";
-
-/// The path of an asset. Where the asset plug-in fails, the name is taken for the path.
-std::string resolved(const std::string& file) {
-    try {
-        return OvAssetHost::v1::OvAssetPluginManager::getDefaultAssetPlugin()->resolveAsset(
-            file, 0, false);
-    } catch (const std::exception& error) {
-        OV_LOG(runtimeLogger(),
-               warn,
-               "The asset plug-in cannot resolve \"" << file << "\": " << error.what());
-        return file;
-    }
-}
 
 /// What a file holds: the last op of its tree, or the op of its stored scene.
 struct Content {
@@ -216,13 +201,13 @@ public:
         if (file.empty()) {
             Arguments::fail("file", "a file's name, found \"\"");
         }
-        return std::make_unique<LoadOp>(resolved(file), arguments.getPath("at", kLoadedTop));
+        return std::make_unique<LoadOp>(assetPath(file), arguments.getPath("at", kLoadedTop));
     }
 
     std::string identity(const GroupAttribute& arguments) const override {
         const std::string file =
             arguments.getChild<OvAttribute::StringAttribute>("file").getValue("");
-        return file.empty() ? file : FileIdentity(resolved(file)).text();
+        return file.empty() ? file : FileIdentity(assetPath(file)).text();
     }
 
 private:

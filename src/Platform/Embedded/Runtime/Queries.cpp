@@ -91,12 +91,11 @@ void writeSchema(const OpSchema& schema, Writer& json) {
 }
 
 void writeOpRegistry(Writer& json) {
-    const OpTypeTable& types = OpTypeTable::instance();
     json.StartObject();
     json.Key("opTypes");
     json.StartArray();
-    for (std::uint32_t place = 1; place < types.size(); ++place) {
-        writeSchema(types[place]->schema(), json);
+    for (const OpType* const type : OpTypeTable::instance().all()) {
+        writeSchema(type->schema(), json);
     }
     json.EndArray();
     json.EndObject();
