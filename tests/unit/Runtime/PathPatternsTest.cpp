@@ -3,6 +3,7 @@
 
 #include "Platform/Embedded/Ops/NearestName.h"
 #include "Platform/Embedded/Runtime/Op.h"
+#include "unit/Runtime/NaivePatterns.h"
 
 #include <gtest/gtest.h>
 
@@ -13,103 +14,9 @@
 #include <vector>
 
 using namespace Sylvar3::internal::OvSylvar::Embedded;
+using namespace ovtest;
 
 namespace {
-
-using Texts = std::vector<std::string>;
-
-/// Whether one of the bytes between the brackets of "[a-z]" is `byte`.
-bool naiveSet(const std::string& set, char byte) {
-    std::string bytes;
-    for (std::size_t i = 0; i < set.size(); ++i) {
-        if (i + 2 < set.size() && set[i + 1] == '-') {
-            for (char c = set[i]; c <= set[i + 2]; ++c) {
-                bytes += c;
-            }
-            i += 2;
-        } else {
-            bytes += set[i];
-        }
-    }
-    return bytes.find(byte) != std::string::npos;
-}
-
-/// A matcher of names that tries everything.
-bool naiveName(const std::string& pattern, const std::string& name) {
-    if (pattern.empty()) {
-        return name.empty();
-    }
-    const std::string rest = pattern.substr(1);
-    if (pattern[0] == '{') {
-        const std::size_t close = pattern.find('}');
-        for (std::size_t at = 0; at < close;) {
-            const std::size_t end = std::min(pattern.find(',', at + 1), close);
-            if (naiveName(pattern.substr(at + 1, end - at - 1) + pattern.substr(close + 1), name)) {
-                return true;
-            }
-            at = end;
-        }
-        return false;
-    }
-    if (pattern[0] == '*') {
-        return naiveName(rest, name) || (!name.empty() && naiveName(pattern, name.substr(1)));
-    }
-    if (name.empty()) {
-        return false;
-    }
-    if (pattern[0] == '[') {
-        const std::size_t close = pattern.find(']', 2);
-        const bool isInverted = pattern[1] == '!';
-        const std::size_t first = isInverted ? 2 : 1;
-        return naiveSet(pattern.substr(first, close - first), name[0]) != isInverted &&
-               naiveName(pattern.substr(close + 1), name.substr(1));
-    }
-    return (pattern[0] == '?' || pattern[0] == name[0]) && naiveName(rest, name.substr(1));
-}
-
-bool naivePath(const Texts& pattern, std::size_t at, const Texts& path, std::size_t name) {
-    if (at == pattern.size()) {
-        return name == path.size();
-    }
-    if (pattern[at] == "**") {
-        return naivePath(pattern, at + 1, path, name) ||
-               (name < path.size() && naivePath(pattern, at, path, name + 1));
-    }
-    return name < path.size() && naiveName(pattern[at], path[name]) &&
-           naivePath(pattern, at + 1, path, name + 1);
-}
-
-Texts namesOf(const std::string& path) {
-    Texts names;
-    for (const char byte : path) {
-        if (byte == '/') {
-            names.emplace_back();
-        } else {
-            names.back() += byte;
-        }
-    }
-    return names;
-}
-
-std::string joined(const Texts& names) {
-    std::string path;
-    for (const std::string& name : names) {
-        path += "/" + name;
-    }
-    return path;
-}
-
-/// The last pattern that matches decides.
-bool naiveList(const Texts& patterns, const std::string& path) {
-    bool matches = false;
-    for (const std::string& pattern : patterns) {
-        const bool takesAway = pattern[0] == '!';
-        if (naivePath(namesOf(pattern.substr(takesAway ? 1 : 0)), 0, namesOf(path), 0)) {
-            matches = !takesAway;
-        }
-    }
-    return matches;
-}
 
 std::string parentOf(const std::string& path) {
     return path.substr(0, path.rfind('/'));
@@ -123,18 +30,19 @@ public:
     const std::string& oneOf(const Texts& texts) { return texts[upTo(texts.size() - 1)]; }
 
     /// Names of one to four of these pieces, or now and then "**".
-    Texts names(std::size_t most, const Texts& pieces, bool spans) {
-        Texts names(1 + upTo(most));
-        for (std::string& name : names) {
+    std::string path(std::size_t most, const Texts& pieces, bool spans) {
+        std::string path;
+        for (std::size_t names = 1 + upTo(most); names > 0; --names) {
+            path += "/";
             if (spans && upTo(3) == 0) {
-                name = "**";
+                path += "**";
                 continue;
             }
             for (std::size_t i = 1 + upTo(3); i > 0; --i) {
-                name += oneOf(pieces);
+                path += oneOf(pieces);
             }
         }
-        return names;
+        return path;
     }
 
     /// A list of patterns of one to three names.
@@ -190,7 +98,7 @@ const Texts& patternsOfItsNames() {
 struct Expected {
     Expected(const Texts& patterns, const Texts& universe) {
         for (const std::string& path : universe) {
-            matches[path] = !path.empty() && naiveList(patterns, path);
+            matches[path] = naiveMatches(patterns, path);
             matchesAtOrAbove[path] =
                 matches[path] || (!path.empty() && matchesAtOrAbove[parentOf(path)]);
         }
@@ -290,12 +198,11 @@ TEST(PathPatterns, MatchWhatAMatcherMatchesThatTriesEverything) {
     Dice dice;
     int matches = 0;
     for (int i = 0; i < 20000; ++i) {
-        const Texts pattern =
-            dice.names(4, {"a", "b", "*", "?", "[!a]", "[a-b]", "{a,b}", "{,a*}"}, true);
-        const Texts path = dice.names(5, {"a", "b"}, false);
-        const bool expected = naivePath(pattern, 0, path, 0);
-        ASSERT_EQ(expected, PathPatterns({joined(pattern)}).matches(joined(path)))
-            << joined(pattern) << " " << joined(path);
+        const std::string pattern =
+            dice.path(4, {"a", "b", "*", "?", "[!a]", "[a-b]", "{a,b}", "{,a*}"}, true);
+        const std::string path = dice.path(5, {"a", "b"}, false);
+        const bool expected = naiveMatches({pattern}, path);
+        ASSERT_EQ(expected, PathPatterns({pattern}).matches(path)) << pattern << " " << path;
         matches += expected;
     }
     // Both answers were asked for often enough to mean something.
@@ -352,7 +259,7 @@ TEST(PathPatterns, KnowExactlyWhatCanMatchBelowWhenNothingIsTakenAway) {
         Expected expected(list, universe);
         for (const std::string& path : universe) {
             // Below the others the universe is not deep enough for patterns of three names.
-            if (namesOf(path).size() <= 2) {
+            if (std::count(path.begin(), path.end(), '/') <= 2) {
                 ASSERT_EQ(expected.matchesBelow[path], patterns.canMatchBelow(path))
                     << testing::PrintToString(list) << " " << path;
             }

@@ -14,10 +14,11 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 /// one of these texts. A leading "!" takes away what earlier patterns of the list match; of all
 /// that match a path the last one decides.
 ///
-/// Paths are those of locations, or "" for what is above the top locations. To answer takes, for
-/// each name of the path, time in proportion to the places that are then reached in the patterns'
-/// `PatternTree`, whatever the number of patterns: usually one, and one more for each "**" behind
-/// another beginning. Nothing is allocated unless there are very many.
+/// Paths are those of locations, or "" for what is above the top locations. An answer takes a few
+/// look-ups for each name of the path, whatever the number of patterns, unless many of these have
+/// the same literal bytes in front and at the end, or none: those are tried one by one. It is never
+/// worse than in proportion to the path's text times that of all patterns. It allocates nothing
+/// for lists of up to some thousand patterns.
 ///
 /// Takes memory in proportion to the patterns' text, with its braces taken apart. Immutable; any
 /// thread.

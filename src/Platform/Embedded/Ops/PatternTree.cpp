@@ -159,8 +159,9 @@ void PatternTree::Builder::indexEdges() const {
     std::sort(
         edges.begin(), edges.end(), [](const Edge& a, const Edge& b) { return a.hash < b.hash; });
     edges.shrink_to_fit();
-    const std::size_t longest = std::max(edges.size(), NameIndex::kLongestPlainList + 1);
-    tree_.slots_.resize(NameIndex::slotsFor(longest));
+    // A short list, too, gets a table.
+    const std::size_t count = std::max(edges.size(), NameIndex::kLongestPlainList + 1);
+    tree_.slots_.resize(NameIndex::slotsFor(count));
     for (std::size_t at = 0; at < edges.size(); ++at) {
         if (at == 0 || edges[at].hash != edges[at - 1].hash) {
             NameIndex::insert(tree_.slots_.data(),
@@ -185,9 +186,9 @@ void PatternTree::Builder::lookBelow() const {
             node.notBelow = std::max(node.notBelow, takenAway(node));
         }
         if (matchesEveryName_[at]) {
-            const Verdict deeper = node.span == kNone ? 0 : takenAway(nodes[node.span]);
-            const Verdict all = parent.spans ? takenAway(node) : 0;
-            parent.notBelow = std::max({parent.notBelow, deeper, all});
+            const Verdict spanAndName = parent.spans ? takenAway(node) : 0;
+            const Verdict nameAndSpan = node.span == kNone ? 0 : takenAway(nodes[node.span]);
+            parent.notBelow = std::max({parent.notBelow, spanAndName, nameAndSpan});
         }
         parent.below = std::max({parent.below, node.below, match(node)});
     }

@@ -19,27 +19,26 @@ inline bool isMatch(Verdict verdict) {
     return verdict % 2 == 1;
 }
 
-/// A pattern as its names.
+/// A pattern, name by name.
 struct PathPattern {
-    /// Which of its alternatives matches a name; "**" has none.
     struct Name {
         std::string text;
-        bool spans = false;
-        std::vector<NamePattern> alternatives;
+        bool spans = false;                     ///< It is "**".
+        std::vector<NamePattern> alternatives;  ///< One of them has to match; else none can.
     };
 
     bool takesAway = false;
     std::vector<Name> names;
 };
 
-/// Path patterns as one tree over their names, in which those that begin alike share their
-/// beginning. A node is reached by the paths that match the names down to it; a path can reach
-/// several.
+/// Path patterns as one tree over their names: those that begin alike share their beginning. A
+/// path reaches the nodes down to which its names match, often one and sometimes several.
 ///
-/// The edges that a name could take are found by hash, once for each `Shape` of those that leave a
-/// node: all names at once, and all patterns with the same numbers of literal bytes at their front
-/// and end. So a name is tried only against patterns with its own first and last bytes. Patterns
-/// with none ("*a*", "?x?") are tried one by one.
+/// The edges that a name could take are found by hash: those of names at once, the others by their
+/// literal bytes in front and at the end, once for each pair of lengths (`Shape`) that these have
+/// at the node. So a name is tried only against patterns that share their literal ends with it.
+/// Those without any ("*a*", "?x?") are tried one by one. At worst a name takes time in proportion
+/// to its length and to the text of all edges that leave the nodes reached; each node counts once.
 ///
 /// Immutable; any thread.
 class PatternTree {
@@ -49,9 +48,9 @@ public:
 
     /// Children stand behind their parents.
     struct Node {
-        bool spans = false;  ///< Ends in "**": what is below a path that reaches it reaches it too.
+        bool spans = false;  ///< Ends in "**": all below a path that reaches it reach it too.
         std::uint32_t span = kNone;  ///< The child by "**", reached whenever this node is.
-        /// Counts those nodes that a path can reach in several ways; else `kNone`.
+        /// Counts the nodes that a path can reach in several ways; `kNone` for the others.
         std::uint32_t mark = kNone;
         std::uint32_t firstShape = 0;
         std::uint32_t endOfShapes = 0;
