@@ -3,7 +3,7 @@
 #include <SylvarPlatform/GroupBuilder.h>
 #include <SylvarPlatform/SampleAccessor.h>
 
-#include "support/AllocationCount.h"
+#include "CountAllocations.h"
 
 #include <benchmark/benchmark.h>
 
@@ -13,25 +13,7 @@
 namespace {
 
 using namespace Sylvar3::internal::OvAttribute;
-using ovtest::allocationsOfThisThread;
-
-/// Reports the allocations that one iteration makes.
-class CountAllocations {
-public:
-    explicit CountAllocations(benchmark::State& state)
-        : state_(state), before_(allocationsOfThisThread()) {}
-    ~CountAllocations() {
-        state_.counters["allocations"] =
-            benchmark::Counter(static_cast<double>(allocationsOfThisThread() - before_),
-                               benchmark::Counter::kAvgIterations);
-    }
-    CountAllocations(const CountAllocations&) = delete;
-    CountAllocations& operator=(const CountAllocations&) = delete;
-
-private:
-    benchmark::State& state_;
-    std::int64_t before_;
-};
+using ovbench::CountAllocations;
 
 std::vector<std::string> names(std::int64_t count) {
     std::vector<std::string> result;

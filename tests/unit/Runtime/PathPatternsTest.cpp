@@ -2,50 +2,23 @@
 #include "Platform/Embedded/Ops/PathPatterns.h"
 
 #include "Platform/Embedded/Runtime/Op.h"
+#include "unit/Runtime/NaivePatterns.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
 #include <random>
 #include <string>
 #include <vector>
 
 using namespace Sylvar3::internal::OvSylvar::Embedded;
+using namespace ovtest;
 
 namespace {
 
-using Texts = std::vector<std::string>;
-
-/// A matcher of "*" and "?" that tries everything.
-bool naiveName(std::string_view pattern, std::string_view name) {
-    if (pattern.empty()) {
-        return name.empty();
-    }
-    if (pattern.front() == '*') {
-        return naiveName(pattern.substr(1), name) ||
-               (!name.empty() && naiveName(pattern, name.substr(1)));
-    }
-    return !name.empty() && (pattern.front() == '?' || pattern.front() == name.front()) &&
-           naiveName(pattern.substr(1), name.substr(1));
-}
-
-bool naivePath(const Texts& pattern, std::size_t at, const Texts& path, std::size_t name) {
-    if (at == pattern.size()) {
-        return name == path.size();
-    }
-    if (pattern[at] == "**") {
-        return naivePath(pattern, at + 1, path, name) ||
-               (name < path.size() && naivePath(pattern, at, path, name + 1));
-    }
-    return name < path.size() && naiveName(pattern[at], path[name]) &&
-           naivePath(pattern, at + 1, path, name + 1);
-}
-
-std::string joined(const Texts& names) {
-    std::string path;
-    for (const std::string& name : names) {
-        path += "/" + name;
-    }
-    return path;
+std::string parentOf(const std::string& path) {
+    return path.substr(0, path.rfind('/'));
 }
 
 class Dice {
@@ -53,23 +26,89 @@ public:
     std::size_t upTo(std::size_t most) {
         return std::uniform_int_distribution<std::size_t>(0, most)(engine_);
     }
-    Texts names(std::size_t most, const std::string& letters, bool spans) {
-        Texts names(1 + upTo(most));
-        for (std::string& name : names) {
+    const std::string& oneOf(const Texts& texts) { return texts[upTo(texts.size() - 1)]; }
+
+    /// Names of one to four of these pieces, or now and then "**".
+    std::string path(std::size_t most, const Texts& pieces, bool spans) {
+        std::string path;
+        for (std::size_t names = 1 + upTo(most); names > 0; --names) {
+            path += "/";
             if (spans && upTo(3) == 0) {
-                name = "**";
+                path += "**";
                 continue;
             }
-            const std::size_t length = 1 + upTo(3);
-            while (name.size() < length) {
-                name += letters[upTo(letters.size() - 1)];
+            for (std::size_t i = 1 + upTo(3); i > 0; --i) {
+                path += oneOf(pieces);
             }
         }
-        return names;
+        return path;
+    }
+
+    /// A list of patterns of one to three names.
+    Texts list(const Texts& names, bool takesAway) {
+        Texts patterns(1 + upTo(5));
+        for (std::string& pattern : patterns) {
+            pattern = takesAway && upTo(2) == 0 ? "!" : "";
+            for (std::size_t i = 1 + upTo(2); i > 0; --i) {
+                pattern += "/" + (upTo(2) == 0 ? std::string("**") : oneOf(names));
+            }
+        }
+        return patterns;
     }
 
 private:
     std::mt19937 engine_{7};
+};
+
+/// "" and all paths of one to five of the names "a", "b" and "ab", those above first.
+Texts smallUniverse() {
+    Texts paths = {""};
+    const std::size_t atMostFourNames = 1 + 3 + 9 + 27 + 81;
+    for (std::size_t i = 0; i < atMostFourNames; ++i) {
+        for (const char* const name : {"/a", "/b", "/ab"}) {
+            paths.push_back(paths[i] + name);
+        }
+    }
+    return paths;
+}
+
+/// Patterns of which each matches one of the universe's names.
+const Texts& patternsOfItsNames() {
+    static const Texts patterns = {"a",
+                                   "b",
+                                   "ab",
+                                   "*",
+                                   "?",
+                                   "a*",
+                                   "*b",
+                                   "?b",
+                                   "[ab]",
+                                   "[!a]",
+                                   "{a,b}",
+                                   "a{b,}",
+                                   "*a*",
+                                   "{a*,*b,?}",
+                                   "[a-a]*",
+                                   "*[b-c]"};
+    return patterns;
+}
+
+/// What a list says of each path of the universe, by the slow matcher.
+struct Expected {
+    Expected(const Texts& patterns, const Texts& universe) {
+        for (const std::string& path : universe) {
+            matches[path] = naiveMatches(patterns, path);
+            matchesAtOrAbove[path] =
+                matches[path] || (!path.empty() && matchesAtOrAbove[parentOf(path)]);
+        }
+        for (auto path = universe.rbegin(); *path != ""; ++path) {
+            matchesBelow[parentOf(*path)] |= matches[*path] || matchesBelow[*path];
+        }
+    }
+
+    std::map<std::string, bool> matches;
+    std::map<std::string, bool> matchesAtOrAbove;
+    std::map<std::string, bool> matchesBelow;
 };
 
 }  // namespace
@@ -118,7 +157,17 @@ TEST(PathPatterns, MatchByTheirRules) {
                            {{"/root/**", "!/root/a/**", "/root/a/b"}, "/root/a/b", true},
                            {{"!/root"}, "/root", false},
                            {{"!/root"}, "/a", false},
-                           {{}, "/root", false}}) {
+                           {{"/**"}, "", false},
+                           {{"/{}"}, "/a", false},
+                           {{"/a[z-b]*"}, "/az", false},
+                           {{"/ab*ab"}, "/abab", true},
+                           {{"/ab*ab"}, "/ab", false},
+                           {{"/ab*", "/ab"}, "/ab", true},
+                           {{"/ab", "!/ab*"}, "/ab", false},
+                           {{"/{ab,a*}", "!/**/c"}, "/ab", true},
+                           {{"/**/**/b"}, "/a/b", true},
+                           {{}, "/root", false},
+                           {{}, "", false}}) {
         EXPECT_EQ(row.matches, PathPatterns(row.patterns).matches(row.path))
             << testing::PrintToString(row.patterns) << " " << row.path;
     }
@@ -148,16 +197,125 @@ TEST(PathPatterns, MatchWhatAMatcherMatchesThatTriesEverything) {
     Dice dice;
     int matches = 0;
     for (int i = 0; i < 20000; ++i) {
-        const Texts pattern = dice.names(4, "ab*?", true);
-        const Texts path = dice.names(5, "ab", false);
-        const bool expected = naivePath(pattern, 0, path, 0);
-        ASSERT_EQ(expected, PathPatterns({joined(pattern)}).matches(joined(path)))
-            << joined(pattern) << " " << joined(path);
+        const std::string pattern =
+            dice.path(4, {"a", "b", "*", "?", "[!a]", "[a-b]", "{a,b}", "{,a*}"}, true);
+        const std::string path = dice.path(5, {"a", "b"}, false);
+        const bool expected = naiveMatches({pattern}, path);
+        ASSERT_EQ(expected, PathPatterns({pattern}).matches(path)) << pattern << " " << path;
         matches += expected;
     }
     // Both answers were asked for often enough to mean something.
     EXPECT_GT(matches, 1000);
     EXPECT_LT(matches, 19000);
+}
+
+TEST(PathPatterns, AnswerForListsAsAMatcherDoesThatTriesEverything) {
+    Dice dice;
+    const Texts universe = smallUniverse();
+    int matching = 0;
+    for (int i = 0; i < 150; ++i) {
+        const Texts list = dice.list(patternsOfItsNames(), i % 2 == 0);
+        const PathPatterns patterns(list);
+        Expected expected(list, universe);
+        for (const std::string& path : universe) {
+            ASSERT_EQ(expected.matches[path], patterns.matches(path))
+                << testing::PrintToString(list) << " " << path;
+            ASSERT_EQ(expected.matchesAtOrAbove[path], patterns.matchesAtOrAbove(path))
+                << testing::PrintToString(list) << " " << path;
+            matching += expected.matches[path];
+        }
+    }
+    EXPECT_GT(matching, 5000);
+    EXPECT_LT(matching, 45000);
+}
+
+TEST(PathPatterns, NeverDenyAMatchBelow) {
+    Dice dice;
+    const Texts universe = smallUniverse();
+    int denied = 0;
+    for (int i = 0; i < 150; ++i) {
+        const Texts list = dice.list(patternsOfItsNames(), true);
+        const PathPatterns patterns(list);
+        Expected expected(list, universe);
+        for (const std::string& path : universe) {
+            const bool canMatch = patterns.canMatchBelow(path);
+            ASSERT_TRUE(canMatch || !expected.matchesBelow[path])
+                << testing::PrintToString(list) << " " << path;
+            ASSERT_TRUE(!canMatch || path.empty() || patterns.canMatchBelow(parentOf(path)))
+                << testing::PrintToString(list) << " " << path;
+            denied += !canMatch;
+        }
+    }
+    EXPECT_GT(denied, 2000);
+}
+
+TEST(PathPatterns, KnowExactlyWhatCanMatchBelowWhenNothingIsTakenAway) {
+    Dice dice;
+    const Texts universe = smallUniverse();
+    for (int i = 0; i < 150; ++i) {
+        const Texts list = dice.list(patternsOfItsNames(), false);
+        const PathPatterns patterns(list);
+        Expected expected(list, universe);
+        for (const std::string& path : universe) {
+            // Below the others the universe is not deep enough for patterns of three names.
+            if (std::count(path.begin(), path.end(), '/') <= 2) {
+                ASSERT_EQ(expected.matchesBelow[path], patterns.canMatchBelow(path))
+                    << testing::PrintToString(list) << " " << path;
+            }
+        }
+    }
+}
+
+TEST(PathPatterns, KnowWhatIsTakenAwayBelow) {
+    struct Row {
+        Texts patterns;
+        const char* path;
+        bool canMatchBelow;
+    };
+    for (const Row& row : {Row{{}, "", false},
+                           {{"/root"}, "", true},
+                           {{"!/root"}, "", false},
+                           {{"/root"}, "/root", false},
+                           {{"/**"}, "/root", true},
+                           {{"/root/{}"}, "/root", false},
+                           {{"/**", "!/**"}, "", false},
+                           {{"/root/**", "!/root/a/**"}, "/root", true},
+                           {{"/root/**", "!/root/a/**"}, "/root/a", false},
+                           {{"/root/**", "!/root/a/**"}, "/root/a/b", false},
+                           {{"/root/**", "!/root/a/**"}, "/root/b", true},
+                           {{"/root/**", "!/root/*/**"}, "/root", false},
+                           {{"/root/**", "!/root/**/*"}, "/root", false},
+                           {{"/root/**", "!/root/*"}, "/root", true},
+                           {{"/root/**", "!/root/a*/**"}, "/root", true},
+                           {{"/root/**", "!/root/a*/**"}, "/root/ab", false},
+                           {{"/root/a", "!/root/a"}, "/root", false},
+                           {{"!/root/**", "/root/a/b"}, "/root", true},
+                           {{"/root/a/b", "!/root/**", "/root/c"}, "/root", true},
+                           {{"/root/a/b", "!/root/**", "/root/c"}, "/root/a", false}}) {
+        EXPECT_EQ(row.canMatchBelow, PathPatterns(row.patterns).canMatchBelow(row.path))
+            << testing::PrintToString(row.patterns) << " " << row.path;
+    }
+}
+
+TEST(PathPatterns, MatchEachByItsOwnPatternOfVeryMany) {
+    Texts list;
+    for (int i = 0; i < 3000; ++i) {
+        const std::string number = std::to_string(i);
+        list.push_back("/a/name" + number);
+        list.push_back("/b/name" + number + "_*");
+        list.push_back("/**/*_" + number + "geo");
+        list.push_back("!/**/x*_" + number + "geo");
+    }
+    const PathPatterns patterns(list);
+    for (int i = 0; i < 3000; ++i) {
+        const std::string number = std::to_string(i);
+        EXPECT_TRUE(patterns.matches("/a/name" + number)) << i;
+        EXPECT_FALSE(patterns.matches("/b/name" + number)) << i;
+        EXPECT_TRUE(patterns.matches("/b/name" + number + "_")) << i;
+        EXPECT_TRUE(patterns.matches("/c/d/_" + number + "geo")) << i;
+        EXPECT_FALSE(patterns.matches("/c/d/x_" + number + "geo")) << i;
+        EXPECT_FALSE(patterns.matches("/a/name1" + number + "_")) << i;
+    }
 }
 
 TEST(PathPatterns, TakeNoLongerForAPatternThatCouldMatchInVeryManyWays) {
@@ -175,4 +333,22 @@ TEST(PathPatterns, TakeNoLongerForAPatternThatCouldMatchInVeryManyWays) {
     EXPECT_FALSE(PathPatterns({name + "b"}).matches(path));
     EXPECT_FALSE(PathPatterns({names + "/b"}).matches(paths));
     EXPECT_TRUE(PathPatterns({names}).matches(paths));
+}
+
+TEST(PathPatterns, TakeNoLongerForVeryManyPatternsThatCouldMatchInVeryManyWays) {
+    Texts list;
+    std::string spans;
+    std::string braces;
+    std::string path;
+    for (int i = 0; i < 300; ++i) {
+        spans += i % 2 ? "/**/a" : "/**/{a*,*a,[!b]}";
+        braces += "/{a*,*a,a}";
+        path += i < 100 ? "/a" : "";
+        list.insert(list.end(), {spans, braces + "b"});
+    }
+    const PathPatterns patterns(list);
+    EXPECT_TRUE(patterns.matches(path));
+    EXPECT_TRUE(patterns.matchesAtOrAbove(path));
+    EXPECT_TRUE(patterns.canMatchBelow(path));
+    EXPECT_FALSE(patterns.matches(path + "/b"));
 }

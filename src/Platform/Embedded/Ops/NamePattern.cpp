@@ -4,6 +4,7 @@
 #include "Platform/Embedded/Runtime/Op.h"
 
 #include <cstddef>
+#include <utility>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
@@ -53,97 +54,135 @@ std::vector<std::string> expandBraces(std::string_view text) {
     return texts;
 }
 
-/// The bytes of a set "[...]" at the front of a text, which it is taken from.
-std::bitset<256> takeSet(std::string_view& text) {
-    const std::size_t close = text.find(']', 2);
-    if (close == std::string_view::npos) {
+/// Takes the front of a text that stands for one byte or, "*", for any number of them.
+std::string_view takePiece(std::string_view& text) {
+    const std::size_t last = text.front() == '[' ? text.find(']', 2) : 0;
+    if (last == std::string_view::npos) {
         throw OpError("a \"[\" without its \"]\"");
     }
-    std::string_view inside = text.substr(1, close - 1);
-    text.remove_prefix(close + 1);
+    const std::string_view piece = text.substr(0, last + 1);
+    text.remove_prefix(piece.size());
+    return piece;
+}
+
+bool isLiteralPiece(std::string_view piece) {
+    return piece.find_first_of("*?[") == std::string_view::npos;
+}
+
+bool setHas(std::string_view piece, unsigned char byte) {
+    std::string_view inside = piece.substr(1, piece.size() - 2);
     const bool isInverted = inside.front() == '!' && inside.size() > 1;
     inside.remove_prefix(isInverted ? 1 : 0);
-    std::bitset<256> bytes;
     while (!inside.empty()) {
-        const auto first = static_cast<unsigned char>(inside.front());
         const bool isRange = inside.size() > 2 && inside[1] == '-';
-        const auto last = static_cast<unsigned char>(isRange ? inside[2] : inside.front());
-        for (unsigned byte = first; byte <= last; ++byte) {
-            bytes.set(byte);
+        const auto first = static_cast<unsigned char>(inside.front());
+        const auto last = static_cast<unsigned char>(inside[isRange ? 2 : 0]);
+        if (first <= byte && byte <= last) {
+            return !isInverted;
         }
         inside.remove_prefix(isRange ? 3 : 1);
     }
-    return isInverted ? ~bytes : bytes;
+    return isInverted;
 }
 
-}  // namespace
-
-NamePattern::NamePattern(std::string_view text) : spansNames_(text == "**") {
-    if (text.find_first_of("*?[{") == std::string_view::npos) {
-        literal_ = text;
-        return;
-    }
-    for (const std::string& alternative : expandBraces(text)) {
-        alternatives_.push_back(compile(alternative));
+bool pieceHas(std::string_view piece, char byte) {
+    switch (piece.front()) {
+        case '?':
+            return true;
+        case '[':
+            return setHas(piece, static_cast<unsigned char>(byte));
+        default:
+            return piece.front() == byte;
     }
 }
 
-NamePattern::Pieces NamePattern::compile(std::string_view text) {
-    Pieces pieces;
-    while (!text.empty()) {
-        Piece& piece = pieces.emplace_back();
-        if (text.front() == '[') {
-            piece.bytes = takeSet(text);
-            continue;
-        }
-        piece.isAnyText = text.front() == '*';
-        if (text.front() == '?') {
-            piece.bytes.set();
-        } else {
-            piece.bytes.set(static_cast<unsigned char>(text.front()));
-        }
-        text.remove_prefix(1);
-    }
-    return pieces;
-}
-
-bool NamePattern::matches(std::string_view name) const {
-    if (alternatives_.empty()) {
-        return name == literal_;
-    }
-    for (const Pieces& pieces : alternatives_) {
-        if (matches(pieces, name)) {
+bool canHaveAByte(std::string_view piece) {
+    for (int byte = 0; byte < 256; ++byte) {
+        if (byte != '/' && pieceHas(piece, static_cast<char>(byte))) {
             return true;
         }
     }
     return false;
 }
 
-bool NamePattern::matches(const Pieces& pieces, std::string_view name) {
+bool matchesPieces(std::string_view pieces, std::string_view name) {
     // Of the "*" passed so far only the last one can have to give way.
-    std::size_t piece = 0;
-    std::size_t at = 0;
-    std::size_t afterStar = std::string_view::npos;
-    std::size_t retry = 0;
-    while (at < name.size()) {
-        if (piece < pieces.size() && pieces[piece].isAnyText) {
-            afterStar = ++piece;
-            retry = at;
-        } else if (piece < pieces.size() &&
-                   pieces[piece].bytes.test(static_cast<unsigned char>(name[at]))) {
-            ++piece;
-            ++at;
-        } else if (afterStar != std::string_view::npos) {
-            piece = afterStar;
-            at = ++retry;
+    std::string_view afterStar;
+    std::string_view retry;
+    bool hasStar = false;
+    while (!name.empty()) {
+        std::string_view rest = pieces;
+        const std::string_view piece = rest.empty() ? rest : takePiece(rest);
+        if (piece == "*") {
+            if (rest.empty()) {
+                return true;
+            }
+            hasStar = true;
+            pieces = afterStar = rest;
+            retry = name;
+        } else if (!piece.empty() && pieceHas(piece, name.front())) {
+            pieces = rest;
+            name.remove_prefix(1);
+        } else if (hasStar) {
+            pieces = afterStar;
+            retry.remove_prefix(1);
+            name = retry;
         } else {
             return false;
         }
     }
-    while (piece < pieces.size() && pieces[piece].isAnyText) {
-        ++piece;
+    return pieces.find_first_not_of('*') == std::string_view::npos;
+}
+
+}  // namespace
+
+std::vector<NamePattern> NamePattern::alternativesOf(std::string_view text) {
+    std::vector<NamePattern> patterns;
+    for (std::string& alternative : expandBraces(text)) {
+        NamePattern pattern(std::move(alternative));
+        if (!pattern.matchesNoName()) {
+            patterns.push_back(std::move(pattern));
+        }
     }
-    return piece == pieces.size();
+    return patterns;
+}
+
+NamePattern::NamePattern(std::string text) : text_(std::move(text)) {
+    for (std::string_view rest = text_; !rest.empty();) {
+        const bool isLiteral = isLiteralPiece(takePiece(rest));
+        const std::size_t end = text_.size() - rest.size();
+        if (!isLiteral) {
+            suffix_ = 0;
+        } else if (prefix_ + 1 == end) {
+            prefix_ = end;
+        } else {
+            ++suffix_;
+        }
+    }
+}
+
+bool NamePattern::matches(std::string_view name) const {
+    const std::string_view text = text_;
+    if (name.size() < prefix_ + suffix_ || text.substr(0, prefix_) != name.substr(0, prefix_) ||
+        text.substr(text.size() - suffix_) != name.substr(name.size() - suffix_)) {
+        return false;
+    }
+    return matchesPieces(text.substr(prefix_, text.size() - prefix_ - suffix_),
+                         name.substr(prefix_, name.size() - prefix_ - suffix_));
+}
+
+bool NamePattern::matchesEveryName() const {
+    return !text_.empty() && text_.find_first_not_of('*') == std::string::npos;
+}
+
+bool NamePattern::matchesNoName() const {
+    for (std::string_view rest = text_; !rest.empty();) {
+        const std::string_view piece = takePiece(rest);
+        if (piece.front() == '[' && !canHaveAByte(piece)) {
+            return true;
+        }
+    }
+    return text_.empty();
 }
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

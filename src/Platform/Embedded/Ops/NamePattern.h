@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <array>
-#include <bitset>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,30 +9,34 @@
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
 /// A pattern for one name of a path: "*" any bytes, "?" one byte, "[a-z]" one of these, "[!a-z]"
-/// one that is not, "{a,b}" one of these texts. "**" alone stands for any number of names.
+/// one that is not. Immutable; any thread.
 class NamePattern {
 public:
-    /// Throws `OpError` for brackets and braces that do not close, and for braces that stand for
-    /// too many texts.
-    explicit NamePattern(std::string_view text);
+    /// The patterns that a text stands for: one, or with "{a,b}" in it one for each choice. Those
+    /// that match no name at all are left out. Throws `OpError` for brackets and braces that do not
+    /// close, and for braces that stand for more than 1024 texts.
+    static std::vector<NamePattern> alternativesOf(std::string_view text);
 
-    bool spansNames() const { return spansNames_; }
+    /// Takes time in proportion to the pattern's length times the name's at most.
     bool matches(std::string_view name) const;
 
+    bool isLiteral() const { return prefix_ == text_.size(); }
+    bool matchesEveryName() const;
+
+    const std::string& text() const { return text_; }
+    /// How many bytes of the text stand for themselves at its front, and how many of those behind
+    /// these at its end. All that it matches begins and ends with them.
+    std::size_t prefix() const { return prefix_; }
+    std::size_t suffix() const { return suffix_; }
+
 private:
-    /// One byte of a set, or any number of any bytes.
-    struct Piece {
-        bool isAnyText = false;
-        std::bitset<256> bytes;
-    };
-    using Pieces = std::vector<Piece>;
+    explicit NamePattern(std::string text);
 
-    static Pieces compile(std::string_view text);
-    static bool matches(const Pieces& pieces, std::string_view name);
+    bool matchesNoName() const;
 
-    bool spansNames_ = false;
-    std::string literal_;  ///< A pattern without any of the above; then there are no alternatives.
-    std::vector<Pieces> alternatives_;
+    std::string text_;
+    std::size_t prefix_ = 0;
+    std::size_t suffix_ = 0;
 };
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

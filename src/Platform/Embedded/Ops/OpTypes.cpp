@@ -13,6 +13,7 @@ std::vector<const OpType*> builtInOpTypes() {
         &duplicateOpType(),
         &generateOpType(),
         &instanceOpType(),
+        &isolateOpType(),
         &lightOpType(),
         &loadOpType(),
         &mergeOpType(),

@@ -13,6 +13,7 @@ const OpType& deleteAttributesOpType();
 const OpType& duplicateOpType();
 const OpType& generateOpType();
 const OpType& instanceOpType();
+const OpType& isolateOpType();
 const OpType& lightOpType();
 const OpType& loadOpType();
 const OpType& mergeOpType();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/PathPatterns.h"
 
+#include "Platform/Embedded/Ops/PatternWalk.h"
 #include "Platform/Embedded/Runtime/Op.h"
 
 #include <algorithm>
@@ -10,75 +11,79 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 
 namespace {
 
-/// The names of an absolute path.
-std::vector<std::string_view> namesOf(std::string_view path) {
-    std::vector<std::string_view> names;
-    for (std::size_t begin = 1; begin <= path.size();) {
-        const std::size_t end = std::min(path.find('/', begin), path.size());
-        names.push_back(path.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    return names;
+/// Takes the front name of what is left of a path: "/", a name, and the rest.
+std::string_view takeName(std::string_view& path) {
+    path.remove_prefix(1);
+    const std::string_view name = path.substr(0, path.find('/'));
+    path.remove_prefix(name.size());
+    return name;
 }
 
-}  // namespace
+PathPattern::Name readName(std::string_view text) {
+    if (text.empty()) {
+        throw OpError("one of its names is empty");
+    }
+    if (text == "**") {
+        return {std::string(text), true, {}};
+    }
+    return {std::string(text), false, NamePattern::alternativesOf(text)};
+}
 
-PathPatterns::PathPatterns(const std::vector<std::string>& patterns) {
-    for (const std::string& text : patterns) {
+PathPattern read(std::string_view text) {
+    PathPattern pattern;
+    pattern.takesAway = !text.empty() && text.front() == '!';
+    text.remove_prefix(pattern.takesAway ? 1 : 0);
+    if (text.size() < 2 || text.front() != '/') {
+        throw OpError("it has to begin with a \"/\" and a name");
+    }
+    while (!text.empty()) {
+        pattern.names.push_back(readName(takeName(text)));
+    }
+    return pattern;
+}
+
+std::vector<PathPattern> readAll(const std::vector<std::string>& texts) {
+    std::vector<PathPattern> patterns;
+    for (const std::string& text : texts) {
         try {
-            Pattern& pattern = patterns_.emplace_back();
-            std::string_view rest = text;
-            pattern.takesAway = !rest.empty() && rest.front() == '!';
-            rest.remove_prefix(pattern.takesAway ? 1 : 0);
-            if (rest.size() < 2 || rest.front() != '/') {
-                throw OpError("it has to begin with a \"/\" and a name");
-            }
-            for (const std::string_view name : namesOf(rest)) {
-                if (name.empty()) {
-                    throw OpError("one of its names is empty");
-                }
-                pattern.names.emplace_back(name);
-            }
+            patterns.push_back(read(text));
         } catch (const OpError& error) {
             throw OpError("pattern \"" + text + "\": " + error.what());
         }
     }
+    return patterns;
 }
 
+}  // namespace
+
+PathPatterns::PathPatterns(const std::vector<std::string>& patterns) : tree_(readAll(patterns)) {}
+
 bool PathPatterns::matches(std::string_view path) const {
-    const std::vector<std::string_view> names = namesOf(path);
-    for (auto pattern = patterns_.rbegin(); pattern != patterns_.rend(); ++pattern) {
-        if (pattern->matches(names)) {
-            return !pattern->takesAway;
+    const bool isAboveAll = path.empty();
+    PatternWalk walk(tree_);
+    while (!path.empty() && !walk.isOver()) {
+        walk.enter(takeName(path));
+    }
+    return !isAboveAll && walk.matches();
+}
+
+bool PathPatterns::matchesAtOrAbove(std::string_view path) const {
+    PatternWalk walk(tree_);
+    while (!path.empty() && !walk.isOver()) {
+        walk.enter(takeName(path));
+        if (walk.matches()) {
+            return true;
         }
     }
     return false;
 }
 
-bool PathPatterns::Pattern::matches(const std::vector<std::string_view>& path) const {
-    // As in a name: of the "**" passed so far only the last one can have to give way.
-    std::size_t name = 0;
-    std::size_t at = 0;
-    std::size_t afterSpan = names.size() + 1;
-    std::size_t retry = 0;
-    while (at < path.size()) {
-        if (name < names.size() && names[name].spansNames()) {
-            afterSpan = ++name;
-            retry = at;
-        } else if (name < names.size() && names[name].matches(path[at])) {
-            ++name;
-            ++at;
-        } else if (afterSpan <= names.size()) {
-            name = afterSpan;
-            at = ++retry;
-        } else {
-            return false;
-        }
+bool PathPatterns::canMatchBelow(std::string_view path) const {
+    PatternWalk walk(tree_);
+    while (!path.empty() && !walk.isOver()) {
+        walk.enter(takeName(path));
     }
-    while (name < names.size() && names[name].spansNames()) {
-        ++name;
-    }
-    return name == names.size();
+    return walk.canMatchBelow();
 }
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

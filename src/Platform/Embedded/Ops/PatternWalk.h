@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "Platform/Embedded/Ops/PatternTree.h"
+
+#include <boost/container/small_vector.hpp>
+
+#include <cstdint>
+#include <string_view>
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+/// The nodes of a pattern tree that a path reaches, each once, name by name. Belongs to one thread.
+class PatternWalk {
+public:
+    /// Begins above the top locations. Borrows the tree.
+    explicit PatternWalk(const PatternTree& tree);
+
+    void enter(std::string_view name);
+
+    /// Nothing is reached here or below.
+    bool isOver() const { return reached_.empty(); }
+    bool matches() const;
+    bool canMatchBelow() const;
+
+private:
+    void reach(std::uint32_t node);
+    bool isNews(std::uint32_t mark);
+    void forgetMarks();
+
+    const PatternTree& tree_;
+    boost::container::small_vector<std::uint32_t, 32> reached_;
+    boost::container::small_vector<std::uint64_t, 16> marked_;  ///< One bit for each mark.
+};
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded
