@@ -6,6 +6,7 @@
 
 #include <boost/container/small_vector.hpp>
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -16,12 +17,13 @@ using OvAttribute::Embedded::GroupValue;
 
 namespace {
 
-using Pieces = std::vector<NamePattern>;
+using Piece = AttributeNamePatterns::Piece;
+using Pieces = std::vector<Piece>;
 
 constexpr std::size_t kMostPieces = 32;
 
-std::vector<NamePattern> piecesOf(std::string_view name) {
-    std::vector<NamePattern> pieces;
+Pieces piecesOf(std::string_view name) {
+    Pieces pieces;
     for (std::size_t dot = 0; dot != std::string_view::npos;) {
         dot = name.find('.');
         const std::string_view piece = name.substr(0, dot);
@@ -31,10 +33,16 @@ std::vector<NamePattern> piecesOf(std::string_view name) {
         if (pieces.size() == kMostPieces) {
             throw OpError("it has more than " + std::to_string(kMostPieces) + " pieces");
         }
-        pieces.emplace_back(piece);
+        pieces.push_back(NamePattern::alternativesOf(piece));
         name.remove_prefix(dot == std::string_view::npos ? name.size() : dot + 1);
     }
     return pieces;
+}
+
+bool matches(const Piece& piece, std::string_view name) {
+    return std::any_of(piece.begin(), piece.end(), [&](const NamePattern& pattern) {
+        return pattern.matches(name);
+    });
 }
 
 /// The names of which so many pieces have matched already.
@@ -49,7 +57,7 @@ struct Outcome {
 Outcome match(const Open& names, std::size_t depth, std::string_view child) {
     Outcome outcome;
     for (const Pieces* const pieces : names) {
-        if ((*pieces)[depth].matches(child)) {
+        if (matches((*pieces)[depth], child)) {
             if (depth + 1 == pieces->size()) {
                 outcome.isMatched = true;
             } else {

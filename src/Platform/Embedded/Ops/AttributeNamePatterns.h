@@ -24,10 +24,11 @@ public:
     /// are.
     GroupValue* without(GroupValue& attributes, LocationWriter& out) const;
 
-private:
-    using Pieces = std::vector<NamePattern>;
+    /// One of these patterns.
+    using Piece = std::vector<NamePattern>;
 
-    std::vector<Pieces> names_;
+private:
+    std::vector<std::vector<Piece>> names_;
 };
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

@@ -47,7 +47,9 @@ private:
         "Keeps the locations that its patterns match, with all below them, and the way to them.",
         "It does not search: a location stays when its patterns could match one below it, whether "
         "there is one or not. What is on the way keeps its attributes. The names of removed "
-        "locations stay among the potential children of the location above.",
+        "locations stay among the potential children of the location above. What `!` takes away "
+        "stays "
+        "all the same when a location above it is kept; `prune` removes it.",
         1,
         1,
         {{"paths", "strings", nullptr, "Patterns for the paths of the locations to keep."}},
