@@ -92,4 +92,11 @@ GroupAttribute StoredScene::opTree() const {
     return OpTree().op("load", "load", Args().set("file", filename_)).group();
 }
 
+void tellPerLocation(benchmark::State& state, std::int64_t locations) {
+    state.SetItemsProcessed(state.iterations() * locations);
+    state.counters["s/location"] = benchmark::Counter(
+        static_cast<double>(locations),
+        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
 }  // namespace ovbench

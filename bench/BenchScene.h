@@ -4,6 +4,8 @@
 #include <OvSylvarProducers/GeometryProducer.h>
 #include <SylvarPlatform/GroupAttribute.h>
 
+#include <benchmark/benchmark.h>
+
 #include <cstdint>
 #include <string>
 
@@ -21,6 +23,9 @@ GroupAttribute generatedTree(std::int64_t locations, int seed);
 
 /// An op tree of that many ops, one on top of the other.
 GroupAttribute chainOfOps(int count);
+
+/// Tells the time for each location of a benchmark that walks so many of them.
+void tellPerLocation(benchmark::State& state, std::int64_t locations);
 
 /// What the runtime's store holds, divided by the locations.
 double bytesPerLocation(GeometryProducer& location, std::int64_t locations);

@@ -40,13 +40,6 @@ struct ReadSixAttributes {
     }
 };
 
-void tellPerLocation(benchmark::State& state, std::int64_t locations) {
-    state.SetItemsProcessed(state.iterations() * locations);
-    state.counters["s/location"] = benchmark::Counter(
-        static_cast<double>(locations),
-        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
-}
-
 /// Drops what a benchmark has cooked: the process keeps its client.
 class Cleanup {
 public:

@@ -7,12 +7,14 @@
 
 #include <boost/container/small_vector.hpp>
 
+#include <cstdint>
 #include <string_view>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
 /// The attributes of a location while an op changes some: a later value of a name replaces the
-/// earlier one in its place. Borrows all values. Belongs to one thread.
+/// earlier one in its place. Cheap while no name is new. Borrows all values, and the group that it
+/// begins with. Belongs to one thread.
 class AttributeEdit {
 public:
     using Value = OvAttribute::Embedded::Value;
@@ -36,6 +38,12 @@ public:
     GroupValue* write(LocationWriter& out, bool inherits = false) const;
 
 private:
+    using Shape = OvAttribute::Embedded::Shape;
+
+    std::int64_t placeOf(std::string_view name) const;
+    void takeNames();
+
+    const Shape* shape_ = nullptr;  ///< The names, as long as they are those of one group.
     OvAttribute::Embedded::NameList names_;
     boost::container::small_vector<Value*, 24> values_;
 };

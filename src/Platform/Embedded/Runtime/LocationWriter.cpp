@@ -159,6 +159,9 @@ const ForeignRead* LocationWriter::copyReads(const std::vector<ForeignRead>& rea
     if (reads.empty()) {
         return nullptr;
     }
+    if (const ForeignRead* const present = findReads(reads)) {
+        return present;
+    }
     auto* const copies = room<ForeignRead>(reads.size());
     for (std::size_t i = 0; i < reads.size(); ++i) {
         char* const path = room<char>(reads[i].pathLength);
@@ -166,6 +169,20 @@ const ForeignRead* LocationWriter::copyReads(const std::vector<ForeignRead>& rea
         copies[i] = {reads[i].op, path, reads[i].pathLength};
     }
     return copies;
+}
+
+const ForeignRead* LocationWriter::findReads(const std::vector<ForeignRead>& reads) const {
+    const auto isSame = [](const ForeignRead& a, const ForeignRead& b) {
+        return a.op == b.op && a.pathView() == b.pathView();
+    };
+    const Node* node = page().nodes;
+    for (int looks = 0; node && looks < kLooksForReads; ++looks, node = node->nextInPage) {
+        if (node->readCount == reads.size() &&
+            std::equal(reads.begin(), reads.end(), node->reads, isSame)) {
+            return node->reads;
+        }
+    }
+    return nullptr;
 }
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

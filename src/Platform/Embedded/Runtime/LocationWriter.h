@@ -79,6 +79,12 @@ private:
     GroupValue* makeGroup();
     Slot* makeSlots(std::uint32_t count);
     const ForeignRead* copyReads(const std::vector<ForeignRead>& reads);
+
+    /// What one of the last locations of the page has read, when that was the same: copies of one
+    /// location share it. Null when none has.
+    const ForeignRead* findReads(const std::vector<ForeignRead>& reads) const;
+    static constexpr int kLooksForReads = 8;
+
     template <class T>
     T* room(std::size_t count);
 
