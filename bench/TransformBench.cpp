@@ -21,7 +21,7 @@ namespace {
 /// A location at depth 4: each of the 5 of its chain has an "xform" with a "matrix".
 GeometryProducerPtr deepLocation() {
     const auto root = SYLVAR::CreateThreadAwareGeometryProducer(generatedTree(100'000, 7), "/root");
-    return root->getProducerByPath("root/c3/c1/c4/c1", false);
+    return root->getProducerByPath("root/c1/c2/c3/c4", false);
 }
 
 void WorldMatrix(benchmark::State& state) {

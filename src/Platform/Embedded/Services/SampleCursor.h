@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <SylvarPlatform/SampleAccessor.h>
-
+#include "Platform/Embedded/Attributes/Values/DataValue.h"
 #include "Platform/Interpolation.h"
 
 #include <algorithm>
@@ -13,14 +12,17 @@
 
 namespace Sylvar3::internal::OvSylvarServices::Embedded {
 
-/// Reads the values of a data attribute of numbers at one time after the other. All times together
-/// cost one pass over the samples, and a sort when these are not in order. Lives on the stack of
-/// one call.
-template <class DataAttributeType>
+/// Reads numbers of the type `T` at one time after the other. All times together cost one pass over
+/// the samples, and a sort when these are not in order. Lives on the stack of one call.
+template <class T>
 class SampleCursor {
 public:
-    /// At least one sample must be at a time that is a number.
-    explicit SampleCursor(const OvAttribute::Attribute& attribute) : samples_(attribute) {
+    /// Borrows `data`. At least one sample must be at a time that is a number.
+    explicit SampleCursor(const OvAttribute::Embedded::DataValue& data)
+        : values_(data.valuesAs<T>()),
+          times_(data.times()),
+          valueCount_(static_cast<std::size_t>(data.valueCount)),
+          size_(data.sampleCount) {
         if (!isAscending()) {
             sort();
         }
@@ -30,59 +32,49 @@ public:
     /// last call: interpolated linearly, clamped outside the samples. Of samples at one time the
     /// first counts.
     void read(float time, double* out, int count) {
-        while (here_ + 1 < size() && timeAt(here_ + 1) <= time) {
+        while (here_ + 1 < size_ && timeAt(here_ + 1) <= time) {
             ++here_;
         }
-        const bool isBetween = here_ + 1 < size() && timeAt(here_) < time;
+        const bool isBetween = here_ + 1 < size_ && timeAt(here_) < time;
         const std::size_t next = isBetween ? here_ + 1 : here_;
-        const double fraction =
-            OvAttribute::fractionBetween(timeAt(here_), timeAt(next), static_cast<double>(time));
-        const auto* const before = samples_.getSample(place(here_));
-        const auto* const after = samples_.getSample(place(next));
+        const double fraction = OvAttribute::fractionBetween(timeAt(here_), timeAt(next), time);
+        const T* const before = values_ + place(here_) * valueCount_;
+        const T* const after = values_ + place(next) * valueCount_;
         for (int i = 0; i < count; ++i) {
-            out[i] = OvAttribute::interpolated(
-                static_cast<double>(before[i]), static_cast<double>(after[i]), fraction);
+            out[i] = OvAttribute::interpolated(before[i], after[i], fraction);
         }
     }
 
 private:
-    std::size_t size() const {
-        return order_.empty() ? static_cast<std::size_t>(samples_.getNumberOfTimeSamples())
-                              : order_.size();
-    }
-    std::int64_t place(std::size_t index) const {
-        return order_.empty() ? static_cast<std::int64_t>(index) : order_[index];
-    }
-    float timeAt(std::size_t index) const { return samples_.getSampleTime(place(index)); }
+    std::size_t place(std::size_t index) const { return order_.empty() ? index : order_[index]; }
+    float timeAt(std::size_t index) const { return times_[place(index)]; }
 
     bool isAscending() const {
-        for (std::int64_t i = 1; i < samples_.getNumberOfTimeSamples(); ++i) {
-            if (!(samples_.getSampleTime(i - 1) < samples_.getSampleTime(i))) {
-                return false;
-            }
-        }
-        return true;
+        const auto isNotBefore = [](float a, float b) { return !(a < b); };
+        return std::adjacent_find(times_, times_ + size_, isNotBefore) == times_ + size_;
     }
 
     void sort() {
-        for (std::int64_t i = 0; i < samples_.getNumberOfTimeSamples(); ++i) {
-            if (!std::isnan(samples_.getSampleTime(i))) {
-                order_.push_back(i);
+        for (std::size_t i = 0; i < size_; ++i) {
+            if (!std::isnan(times_[i])) {
+                order_.push_back(static_cast<std::uint32_t>(i));
             }
         }
-        std::sort(order_.begin(), order_.end(), [this](std::int64_t a, std::int64_t b) {
-            const float timeA = samples_.getSampleTime(a);
-            const float timeB = samples_.getSampleTime(b);
-            return timeA < timeB || (timeA == timeB && a < b);
+        std::stable_sort(order_.begin(), order_.end(), [this](std::uint32_t a, std::uint32_t b) {
+            return times_[a] < times_[b];
         });
-        const auto isSameTime = [this](std::int64_t a, std::int64_t b) {
-            return samples_.getSampleTime(a) == samples_.getSampleTime(b);
+        const auto isSameTime = [this](std::uint32_t a, std::uint32_t b) {
+            return times_[a] == times_[b];
         };
         order_.erase(std::unique(order_.begin(), order_.end(), isSameTime), order_.end());
+        size_ = order_.size();
     }
 
-    OvAttribute::SampleAccessor<DataAttributeType> samples_;
-    std::vector<std::int64_t> order_;  ///< The samples that count; empty: all, as they stand.
+    const T* values_;
+    const float* times_;
+    std::size_t valueCount_;  ///< Of one sample.
+    std::size_t size_;
+    std::vector<std::uint32_t> order_;  ///< The samples that count; empty: all, as they stand.
     std::size_t here_ = 0;
 };
 

@@ -3,41 +3,18 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
+#include <cstddef>
 
 namespace Sylvar3::internal::OvSylvarServices::Embedded {
 
-using OvAttribute::Attribute;
-
-namespace {
-
-std::int64_t countOf(const Attribute& data) {
-    return Attribute::_attrSuite->getNumberOfTimeSamples(data.handle());
-}
-
-/// The time of a sample, and never -0.
-float timeOf(const Attribute& data, std::int64_t sample) {
-    return Attribute::_attrSuite->getSampleTime(data.handle(), sample) + 0.0F;
-}
-
-}  // namespace
-
-bool hasSampleTime(const Attribute& data) {
-    std::int64_t sample = 0;
-    const std::int64_t count = countOf(data);
-    while (sample < count && std::isnan(timeOf(data, sample))) {
-        ++sample;
-    }
-    return sample < count;
-}
-
-void addSampleTimes(const Attribute& data, SampleTimes& times) {
+void addSampleTimes(const OvAttribute::Embedded::DataValue& data, SampleTimes& times) {
     const std::size_t known = times.size();
     const auto knownEnd = [&] { return times.begin() + static_cast<std::ptrdiff_t>(known); };
-    for (std::int64_t sample = 0, count = countOf(data); sample < count; ++sample) {
-        const float time = timeOf(data, sample);
-        if (!std::isnan(time) && !std::binary_search(times.begin(), knownEnd(), time)) {
-            times.push_back(time);
+    for (std::uint32_t sample = 0; sample < data.sampleCount; ++sample) {
+        const float neverMinusZero = data.times()[sample] + 0.0F;
+        if (!std::isnan(neverMinusZero) &&
+            !std::binary_search(times.begin(), knownEnd(), neverMinusZero)) {
+            times.push_back(neverMinusZero);
         }
     }
     if (times.size() != known) {

@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Services/TransformChain.h"
 
-#include "Platform/Embedded/Services/SampleTimes.h"
-
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <string_view>
 
 namespace Sylvar3::internal::OvSylvarServices::Embedded {
 
-using OvAttribute::Attribute;
-using OvAttribute::castAttribute;
-using OvAttribute::GroupAttribute;
+using OvAttribute::Embedded::asGroup;
+using OvAttribute::Embedded::DataValue;
+using OvAttribute::Embedded::GroupValue;
+using OvAttribute::Embedded::isDataKind;
+using OvAttribute::Embedded::Value;
 
 namespace {
 
@@ -24,52 +25,54 @@ bool readNumber(std::string_view name, std::uint64_t& number) {
     return fault == std::errc() && last == end;
 }
 
-bool isOfNumbers(const Attribute& attribute) {
-    const std::int32_t type = attribute.getType();
-    return type == OV_ATTRIBUTE_INT || type == OV_ATTRIBUTE_FLOAT || type == OV_ATTRIBUTE_DOUBLE;
+/// Null when the value is anything else.
+const DataValue* asNumbers(const Value* value) {
+    return value && isDataKind(value->kind) && value->kind != OV_ATTRIBUTE_STRING
+               ? static_cast<const DataValue*>(value)
+               : nullptr;
 }
 
-bool hasValues(const Attribute& data, int count) {
-    return Attribute::_attrSuite->getNumberOfValues(data.handle()) >= count;
+bool hasTime(const DataValue& values) {
+    const float* const times = values.times();
+    return std::any_of(
+        times, times + values.sampleCount, [](float time) { return !std::isnan(time); });
 }
 
-void visitChild(const TransformOperation& operation,
-                const Attribute& values,
-                TransformVisitor& visitor) {
-    if (!isOfNumbers(values)) {
-        return;
-    }
-    if (operation.isOrigin()) {
-        visitor.origin();
-    } else if (hasValues(values, operation.valueCount) && hasSampleTime(values)) {
-        visitor.transform(operation, values);
-    }
-}
-
-void visitLocation(const GroupAttribute& transform, TransformVisitor& visitor) {
-    for (std::int64_t i = 0, count = transform.getNumberOfChildren(); i < count; ++i) {
-        const auto* const operation = TransformOperation::find(transform.getChildNameView(i));
-        if (operation) {
-            visitChild(*operation, transform.getChildByIndex(i), visitor);
+void visitLocation(const GroupValue& transform, TransformVisitor& visitor) {
+    for (std::int64_t i = 0, count = transform.size(); i < count; ++i) {
+        const auto* const operation = TransformOperation::find(transform.shape->name(i));
+        const DataValue* const values = operation ? asNumbers(transform[i]) : nullptr;
+        if (!values) {
+            continue;
+        }
+        if (operation->isOrigin()) {
+            visitor.origin();
+        } else if (values->valueCount >= operation->valueCount && hasTime(*values)) {
+            visitor.transform(*operation, *values);
         }
     }
 }
 
 }  // namespace
 
-TransformChain::TransformChain(const GroupAttribute& transforms) : transforms_(transforms) {
+TransformChain::TransformChain(const OvAttribute::GroupAttribute& transforms) {
+    const GroupValue* const group = asGroup(transforms.handle());
     std::uint64_t number = 0;
-    for (std::int64_t i = 0, count = transforms.getNumberOfChildren(); i < count; ++i) {
-        if (readNumber(transforms.getChildNameView(i), number)) {
-            levels_.emplace_back(number, i);
+    for (std::int64_t i = 0, count = group ? group->size() : 0; i < count; ++i) {
+        const GroupValue* const transform = asGroup((*group)[i]);
+        if (transform && readNumber(group->shape->name(i), number)) {
+            levels_.emplace_back(number, transform);
         }
     }
-    std::sort(levels_.begin(), levels_.end());
+    const auto isAbove = [](const Level& a, const Level& b) { return a.first < b.first; };
+    if (!std::is_sorted(levels_.begin(), levels_.end(), isAbove)) {
+        std::stable_sort(levels_.begin(), levels_.end(), isAbove);
+    }
 }
 
 void TransformChain::visit(TransformVisitor& visitor) const {
-    for (const auto& [number, place] : levels_) {
-        visitLocation(castAttribute<GroupAttribute>(transforms_.getChildByIndex(place)), visitor);
+    for (const auto& [number, transform] : levels_) {
+        visitLocation(*transform, visitor);
     }
 }
 

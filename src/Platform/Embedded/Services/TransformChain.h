@@ -3,6 +3,8 @@
 
 #include <SylvarPlatform/GroupAttribute.h>
 
+#include "Platform/Embedded/Attributes/Values/DataValue.h"
+#include "Platform/Embedded/Attributes/Values/GroupValue.h"
 #include "Platform/Embedded/Services/TransformOperation.h"
 
 #include <boost/container/small_vector.hpp>
@@ -15,12 +17,13 @@ namespace Sylvar3::internal::OvSylvarServices::Embedded {
 /// Is told what takes part in a chain of transforms, from the top down.
 class TransformVisitor {
 public:
+    using DataValue = OvAttribute::Embedded::DataValue;
+
     /// What came so far is forgotten.
     virtual void origin() = 0;
 
-    /// `values` has as many numbers as the operation takes, at a time that is a number.
-    virtual void transform(const TransformOperation& operation,
-                           const OvAttribute::Attribute& values) = 0;
+    /// `values` are numbers, as many as the operation takes, at one time that is a number at least.
+    virtual void transform(const TransformOperation& operation, const DataValue& values) = 0;
 
 protected:
     ~TransformVisitor() = default;
@@ -38,10 +41,9 @@ public:
     void visit(TransformVisitor& visitor) const;
 
 private:
-    /// The number of a location, and the place of its group.
-    using Level = std::pair<std::uint64_t, std::int64_t>;
+    /// The number of a location, and its "xform".
+    using Level = std::pair<std::uint64_t, const OvAttribute::Embedded::GroupValue*>;
 
-    const OvAttribute::GroupAttribute& transforms_;
     boost::container::small_vector<Level, 24> levels_;
 };
 

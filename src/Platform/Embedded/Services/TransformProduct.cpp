@@ -9,10 +9,15 @@
 
 namespace Sylvar3::internal::OvSylvarServices::Embedded {
 
-using OvAttribute::Attribute;
 using OvAttribute::DoubleAttribute;
-using OvAttribute::FloatAttribute;
-using OvAttribute::IntAttribute;
+using OvAttribute::Embedded::DataShape;
+using OvAttribute::Embedded::newDataValue;
+
+namespace {
+
+constexpr auto kTuple = static_cast<std::int64_t>(kIdentity.size());
+
+}  // namespace
 
 TransformProduct::TransformProduct(SampleTimes times)
     : times_(std::move(times)), matrices_(times_.size(), kIdentity) {}
@@ -23,23 +28,23 @@ void TransformProduct::origin() {
     isAbsolute_ = true;
 }
 
-void TransformProduct::transform(const TransformOperation& operation, const Attribute& values) {
-    switch (values.getType()) {
+void TransformProduct::transform(const TransformOperation& operation, const DataValue& values) {
+    switch (values.kind) {
         case OV_ATTRIBUTE_INT:
-            prepend<IntAttribute>(operation, values);
+            prepend<std::int32_t>(operation, values);
             break;
         case OV_ATTRIBUTE_FLOAT:
-            prepend<FloatAttribute>(operation, values);
+            prepend<float>(operation, values);
             break;
         default:
-            prepend<DoubleAttribute>(operation, values);
+            prepend<double>(operation, values);
     }
 }
 
 /// What comes later acts first. Nothing is multiplied by the identity: infinity times 0 is NaN.
-template <class DataAttributeType>
-void TransformProduct::prepend(const TransformOperation& operation, const Attribute& values) {
-    SampleCursor<DataAttributeType> samples(values);
+template <class T>
+void TransformProduct::prepend(const TransformOperation& operation, const DataValue& values) {
+    SampleCursor<T> samples(values);
     double numbers[TransformOperation::kMostValues];
     for (std::size_t i = 0; i < times_.size(); ++i) {
         samples.read(times_[i], numbers, operation.valueCount);
@@ -53,19 +58,16 @@ TransformMatrix TransformProduct::result() const {
     if (isIdentity_ && !isAbsolute_) {
         return {};
     }
-    boost::container::small_vector<const double*, 8> samples;
+    DataShape shape{OV_ATTRIBUTE_DOUBLE, kTuple};
+    shape.sampleCount = static_cast<std::int64_t>(times_.size());
+    shape.valueCount = kTuple;
+    shape.times = times_.data();
+    auto* const value = newDataValue(nullptr, shape);
+    auto* out = static_cast<double*>(value->values());
     for (const Matrix4& matrix : matrices_) {
-        samples.push_back(matrix.data());
+        out = std::copy(matrix.begin(), matrix.end(), out);
     }
-    return {DoubleAttribute::adopt(Attribute::_attrSuite->createDoubleFromSamples(
-                times_.data(),
-                static_cast<std::int64_t>(times_.size()),
-                samples.data(),
-                kIdentity.size(),
-                kIdentity.size(),
-                nullptr,
-                nullptr)),
-            isAbsolute_};
+    return {DoubleAttribute::adopt(value), isAbsolute_};
 }
 
 }  // namespace Sylvar3::internal::OvSylvarServices::Embedded

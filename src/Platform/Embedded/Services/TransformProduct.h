@@ -17,15 +17,14 @@ public:
     explicit TransformProduct(SampleTimes times);
 
     void origin() override;
-    void transform(const TransformOperation& operation,
-                   const OvAttribute::Attribute& values) override;
+    void transform(const TransformOperation& operation, const DataValue& values) override;
 
     /// Of all that has come so far.
     TransformMatrix result() const;
 
 private:
-    template <class DataAttributeType>
-    void prepend(const TransformOperation& operation, const OvAttribute::Attribute& values);
+    template <class T>
+    void prepend(const TransformOperation& operation, const DataValue& values);
 
     SampleTimes times_;
     boost::container::small_vector<Matrix4, 4> matrices_;

@@ -9,7 +9,6 @@
 
 namespace Sylvar3::internal::OvSylvarServices {
 
-using OvAttribute::Attribute;
 using OvAttribute::GroupAttribute;
 
 namespace Embedded {
@@ -20,7 +19,7 @@ namespace {
 class ExistingTimes final : public TransformVisitor {
 public:
     void origin() override { times_.clear(); }
-    void transform(const TransformOperation&, const Attribute& values) override {
+    void transform(const TransformOperation&, const DataValue& values) override {
         addSampleTimes(values, times_);
     }
 
