@@ -35,11 +35,14 @@ public:
         while (here_ + 1 < size_ && timeAt(here_ + 1) <= time) {
             ++here_;
         }
-        const bool isBetween = here_ + 1 < size_ && timeAt(here_) < time;
-        const std::size_t next = isBetween ? here_ + 1 : here_;
-        const double fraction = OvAttribute::fractionBetween(timeAt(here_), timeAt(next), time);
-        const T* const before = values_ + place(here_) * valueCount_;
-        const T* const after = values_ + place(next) * valueCount_;
+        const T* const before = valuesAt(here_);
+        if (here_ + 1 == size_ || !(timeAt(here_) < time)) {
+            std::copy_n(before, count, out);
+            return;
+        }
+        const T* const after = valuesAt(here_ + 1);
+        const double fraction =
+            OvAttribute::fractionBetween(timeAt(here_), timeAt(here_ + 1), time);
         for (int i = 0; i < count; ++i) {
             out[i] = OvAttribute::interpolated(before[i], after[i], fraction);
         }
@@ -48,6 +51,7 @@ public:
 private:
     std::size_t place(std::size_t index) const { return order_.empty() ? index : order_[index]; }
     float timeAt(std::size_t index) const { return times_[place(index)]; }
+    const T* valuesAt(std::size_t index) const { return values_ + place(index) * valueCount_; }
 
     bool isAscending() const {
         const auto isNotBefore = [](float a, float b) { return !(a < b); };
