@@ -19,6 +19,8 @@
 
 using namespace Sylvar3::internal::OvAttribute;
 using namespace Sylvar3::internal::OvSylvarServices;
+using ovtest::atExistingTimes;
+using ovtest::atTime;
 using ovtest::group;
 using ovtest::Numbers;
 using ovtest::samplesOf;
@@ -294,7 +296,7 @@ TEST(RandomTransforms, MovePointsAsTheirStepsDoOneByOne) {
         const std::vector<Step> steps = actingOn(chain);
         for (int i = 0; i < 3; ++i) {
             const float time = make.time() * 1.25F;
-            const TransformMatrix found = OvXFormUtil::CalcTransformMatrixAtTime(attribute, time);
+            const TransformMatrix found = atTime(attribute, time);
             ASSERT_EQ(!steps.empty() || hasOrigin(chain), found.attribute.isValid()) << seed;
             ASSERT_EQ(hasOrigin(chain), found.isAbsolute) << seed;
             if (found.attribute) {
@@ -315,7 +317,7 @@ TEST(RandomTransforms, HaveAMatrixAtEachTimeOfTheirSteps) {
         const Chain chain = make.chain();
         const GroupAttribute attribute = make.groupOf(chain);
         const std::vector<Step> steps = actingOn(chain);
-        const TransformMatrix found = OvXFormUtil::CalcTransformMatrixAtExistingTimes(attribute);
+        const TransformMatrix found = atExistingTimes(attribute);
         ASSERT_EQ(!steps.empty() || hasOrigin(chain), found.attribute.isValid()) << seed;
         ASSERT_EQ(hasOrigin(chain), found.isAbsolute) << seed;
         if (!found.attribute) {

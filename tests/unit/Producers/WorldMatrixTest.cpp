@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
 // The transforms of a chain of locations, as one matrix.
-#include <SylvarPlatform/XFormUtil.h>
-
 #include "support/StaticScene.h"
 #include "support/Transforms.h"
 
@@ -16,12 +14,11 @@ using ovtest::Numbers;
 using ovtest::samplesOf;
 using ovtest::StaticScene;
 using ovtest::timed;
-using Sylvar3::internal::OvSylvarServices::OvXFormUtil;
 
 namespace {
 
 Attribute matrixOf(const GeometryProducerPtr& location) {
-    return OvXFormUtil::CalcTransformMatrixAtTime(location->getGlobalXFormGroup(), 0).attribute;
+    return ovtest::atTime(location->getGlobalXFormGroup()).attribute;
 }
 
 /// Where the location's own zero point lies in the world.
@@ -94,8 +91,7 @@ TEST(WorldMatrix, HasTheTimesOfAllLocations) {
             .set("/root", "xform.translate", timed({{0, {0, 0, 0}}, {1, {4, 0, 0}}}))
             .set("/root/a", "xform.translate", timed({{0.5F, {0, 0, 0}}, {1, {0, 2, 0}}}));
     const GroupAttribute chain = scene.open("/root/a")->getGlobalXFormGroup();
-    const auto samples =
-        samplesOf(OvXFormUtil::CalcTransformMatrixAtExistingTimes(chain).attribute);
+    const auto samples = samplesOf(ovtest::atExistingTimes(chain).attribute);
     ASSERT_EQ(3U, samples.size());
     EXPECT_EQ(0.5F, samples[1].first);
     EXPECT_EQ(2, samples[1].second[12]);
