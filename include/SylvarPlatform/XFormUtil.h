@@ -47,6 +47,8 @@ class SYLVAR_PLATFORM_API OvXFormUtil {
 public:
     OvXFormUtil() = delete;
 
+    // NOLINTBEGIN(readability-identifier-naming): the names that callers know.
+
     /// The matrix at each time at which a child that is not forgotten has a sample; at time 0 when
     /// an "origin" alone is left. A time -0 is 0.
     static TransformMatrix CalcTransformMatrixAtExistingTimes(
@@ -56,6 +58,8 @@ public:
     /// are first in time.
     static TransformMatrix CalcTransformMatrixAtTime(const OvAttribute::GroupAttribute& transforms,
                                                      float time);
+
+    // NOLINTEND(readability-identifier-naming)
 };
 
 }  // namespace Sylvar3::internal::OvSylvarServices
