@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <SylvarPlatform/SampleAccessor.h>
+#include "Platform/Interpolation.h"
 
-#include <cmath>
+#include <SylvarPlatform/SampleAccessor.h>
 
 namespace Sylvar3::internal::OvAttribute {
 
@@ -32,16 +32,9 @@ Bracket bracketOf(const Samples& samples, float time) {
         const std::int64_t only = found.before < 0 ? found.after : found.before;
         return {only, only, 0.0};
     }
-    const double begin = samples.getSampleTime(found.before);
-    const double end = samples.getSampleTime(found.after);
-    found.fraction =
-        end > begin && std::isfinite(end - begin) ? (time - begin) / (end - begin) : 0.0;
+    found.fraction = fractionBetween(
+        samples.getSampleTime(found.before), samples.getSampleTime(found.after), time);
     return found;
-}
-
-/// Each end has its own share: their difference may be beyond all numbers when they are not.
-double between(double a, double b, double fraction) {
-    return a == b || fraction == 0.0 ? a : a * (1.0 - fraction) + b * fraction;
 }
 
 }  // namespace
@@ -56,9 +49,9 @@ void DoubleAttribute::fillInterpSample(double* out,
         samples.getNumberOfTimeSamples() > 0 ? bracketOf(samples, time) : Bracket{};
     for (long i = 0; i < count; ++i) {
         const bool isThere = around.before >= 0 && i < samples.getNumberOfValues();
-        out[i] = isThere ? between(samples.getSample(around.before)[i],
-                                   samples.getSample(around.after)[i],
-                                   around.fraction)
+        out[i] = isThere ? interpolated(samples.getSample(around.before)[i],
+                                        samples.getSample(around.after)[i],
+                                        around.fraction)
                          : otherwise;
     }
 }

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace SYLVAR {
 namespace {
@@ -79,7 +78,7 @@ GeometryProducerPtr GeometryProducer::getProducerByPath(const std::string& path,
 }
 
 GroupAttribute GeometryProducer::getGlobalXFormGroup() {
-    std::vector<Attribute> transforms;
+    ChainAttributes transforms;
     for (GeometryProducer* here = this; here; here = here->parent.get()) {
         transforms.push_back(here->getAttribute("xform"));
     }

@@ -3,7 +3,9 @@
 
 #include <SylvarPlatform/GroupBuilder.h>
 
-#include <cstdio>
+#include <charconv>
+#include <cstdint>
+#include <iterator>
 #include <memory>
 
 namespace SYLVAR {
@@ -32,14 +34,15 @@ BuilderPtr newBuilder() {
 }
 
 void setNumbered(OvGroupBuilderStruct* builder, std::size_t number, const Attribute& entry) {
-    char name[24];
-    const int length = std::snprintf(name, sizeof name, "i%d", static_cast<int>(number));
+    char name[24] = "i";
+    const char* const end = std::to_chars(name + 1, std::end(name), number).ptr;
+    const auto length = static_cast<std::int32_t>(end - name);
     GroupBuilder::_attrSuite->setInBuilder(builder, name, length, entry.handle(), 1);
 }
 
 }  // namespace
 
-GroupAttribute numberedGroup(const std::vector<Attribute>& entries) {
+GroupAttribute numberedGroup(const ChainAttributes& entries) {
     const BuilderPtr builder = newBuilder();
     GroupBuilder::_attrSuite->setBuilderGroupInherit(builder.get(), 0);
     for (std::size_t i = 0; i < entries.size(); ++i) {

@@ -207,7 +207,7 @@ Value* createGroupOf(NameAt nameAt,
     for (std::int64_t i = 0; i < count; ++i) {
         assembly.set(nameAt(i), retained(children[i]));
     }
-    return assembly.make();
+    return assembly.take();
 }
 
 Value* createGroup(const char* const* names,
@@ -294,11 +294,7 @@ void updateBuilder(OvGroupBuilderStruct* builder, Value* value) {
 }
 
 Value* buildBuilder(OvGroupBuilderStruct* builder, std::int32_t keep) {
-    Value* const group = builder->build();
-    if (keep == 0) {
-        builder->clear();
-    }
-    return group;
+    return keep == 0 ? builder->take() : builder->build();
 }
 
 void setBuilderGroupInherit(OvGroupBuilderStruct* builder, std::uint8_t groupInherit) {

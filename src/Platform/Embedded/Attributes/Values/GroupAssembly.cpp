@@ -62,10 +62,17 @@ void GroupAssembly::clear() {
     inherits = false;
 }
 
-GroupValue* GroupAssembly::make() const {
+GroupValue* GroupAssembly::take() {
+    GroupValue* const group = makeBy(newGroupValueTaking);
+    children_.clear();  // They are the group's.
+    clear();
+    return group;
+}
+
+GroupValue* GroupAssembly::makeBy(NewGroup newGroup) const {
     const Shape* const shape = Shape::of(names_);
     try {
-        GroupValue* const group = newGroupValue(*shape, children_.data(), inherits);
+        GroupValue* const group = newGroup(*shape, children_.data(), inherits);
         shape->release();
         return group;
     } catch (...) {

@@ -43,9 +43,15 @@ public:
     bool inherits = false;
 
     /// A new group with one reference.
-    GroupValue* make() const;
+    GroupValue* make() const { return makeBy(newGroupValue); }
+
+    /// The same, with the references that are held here; empty afterwards.
+    GroupValue* take();
 
 private:
+    using NewGroup = GroupValue* (*)(const Shape& shape, Value* const* children, bool inherits);
+    GroupValue* makeBy(NewGroup newGroup) const;
+
     NameList names_;
     boost::container::small_vector<Value*, 24> children_;
 };

@@ -40,18 +40,21 @@ void OvGroupBuilderStruct::update(const GroupValue& group) {
 }
 
 OvGroupBuilderStruct::Value* OvGroupBuilderStruct::build() {
+    finish();
+    return top_.children.make();
+}
+
+OvGroupBuilderStruct::Value* OvGroupBuilderStruct::take() {
+    finish();
+    return top_.children.take();
+}
+
+void OvGroupBuilderStruct::finish() {
     for (auto node = nodes_.rbegin(); node != nodes_.rend(); ++node) {
         finishNested(**node);
     }
     finishNested(top_);
     nodes_.clear();
-    return top_.children.make();
-}
-
-void OvGroupBuilderStruct::clear() {
-    nodes_.clear();
-    top_.children.clear();
-    top_.nested.clear();
 }
 
 OvGroupBuilderStruct::Node* OvGroupBuilderStruct::nodeFor(std::string_view& name, Missing missing) {
@@ -94,8 +97,9 @@ OvGroupBuilderStruct::Node& OvGroupBuilderStruct::openNested(Node& node,
 /// Puts the groups in place that are made further behind, which are finished themselves.
 void OvGroupBuilderStruct::finishNested(Node& node) {
     for (std::size_t place = 0; place < node.nested.size(); ++place) {
-        if (const Node* const nested = node.nested[place]) {
-            node.children.replace(static_cast<std::int64_t>(place), nested->children.make());
+        if (Node* const nested = node.nested[place]) {
+            node.children.replace(static_cast<std::int64_t>(place), nested->children.take());
+            node.nested[place] = nullptr;
         }
     }
     node.nested.clear();

@@ -26,7 +26,8 @@ public:
     /// A new group with one reference.
     Value* build();
 
-    void clear();
+    /// The same; empty afterwards, with group inherit off.
+    Value* take();
 
 private:
     struct Node {
@@ -44,6 +45,7 @@ private:
     Node* nodeFor(std::string_view& name, Missing missing);
     Node* nestedIn(Node& node, std::string_view name, Missing missing);
     Node& openNested(Node& node, std::string_view name, const GroupValue* old);
+    void finish();
     static void finishNested(Node& node);
 
     bool isNested_;

@@ -4,6 +4,7 @@
 #include "Platform/Embedded/Attributes/Values/Block.h"
 #include "Platform/Embedded/Attributes/Values/Lifetime.h"
 
+#include <algorithm>
 #include <new>
 
 namespace Sylvar3::internal::OvAttribute::Embedded {
@@ -43,12 +44,18 @@ Value* GroupValue::find(std::string_view dottedName) const {
 }
 
 GroupValue* newGroupValue(const Shape& shape, Value* const* children, bool inherits) {
+    GroupValue* const group = newGroupValueTaking(shape, children, inherits);
+    for (std::int64_t i = 0; i < shape.size(); ++i) {
+        retained(children[i]);
+    }
+    return group;
+}
+
+GroupValue* newGroupValueTaking(const Shape& shape, Value* const* children, bool inherits) {
     std::uint32_t toOwner = 0;
     void* const memory = allocateStandalone(0, bytesOf(shape), toOwner);
     GroupValue* const group = writeHeader(memory, toOwner, *shape.retain(), inherits);
-    for (std::int64_t i = 0; i < shape.size(); ++i) {
-        group->begin()[i] = retained(children[i]);
-    }
+    std::copy_n(children, shape.size(), group->begin());
     return group;
 }
 

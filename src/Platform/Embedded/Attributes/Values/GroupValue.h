@@ -38,6 +38,9 @@ inline GroupValue* asGroup(Value* value) {
 /// null; they and the shape are retained. Throws `std::bad_alloc`.
 GroupValue* newGroupValue(const Shape& shape, Value* const* children, bool inherits);
 
+/// The same, but the caller's references on the children go over to it, unless it throws.
+GroupValue* newGroupValueTaking(const Shape& shape, Value* const* children, bool inherits);
+
 /// A new group in a block, whose children are already held by the block or lie in it, as does its
 /// shape. Its children are still to be written, before anybody else sees it.
 GroupValue* newGroupValue(Block& block, const Shape& shape, bool inherits);
