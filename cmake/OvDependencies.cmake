@@ -2,6 +2,7 @@
 # Third-party libraries, each behind one target.  scripts/packages.txt lists their packages.
 find_package(Threads REQUIRED)
 find_package(Boost 1.74 CONFIG REQUIRED COMPONENTS headers thread filesystem regex)
+find_package(Imath CONFIG REQUIRED)
 find_package(PkgConfig REQUIRED)
 find_package(pugixml CONFIG REQUIRED)
 find_package(spdlog CONFIG REQUIRED)

@@ -69,6 +69,7 @@ private:
 
     const Runtime::OpSchema schema_ = {"test.hook",
                                        "Does what a test tells it.",
+                                       "",
                                        0,
                                        1 << 20,
                                        {{"hook", "int", "", "The number of the function."}}};

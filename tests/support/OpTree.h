@@ -89,7 +89,7 @@ private:
     std::vector<Op> ops_;
 };
 
-/// The arguments of an op.
+/// The arguments of an op; of two with one name the later one.
 class Args {
 public:
     using Attribute = Sylvar3::internal::OvAttribute::Attribute;
@@ -97,7 +97,7 @@ public:
     using GroupBuilder = Sylvar3::internal::OvAttribute::GroupBuilder;
 
     Args& set(const std::string& name, const Attribute& value) {
-        builder_.set(name, value);
+        values_.emplace_back(name, value);
         return *this;
     }
     Args& set(const std::string& name, const char* value) {
@@ -113,10 +113,16 @@ public:
         return set(name, Sylvar3::internal::OvAttribute::IntAttribute(value));
     }
 
-    operator GroupAttribute() { return builder_.build(); }
+    operator GroupAttribute() const {
+        GroupBuilder builder(GroupBuilder::Mode::Flat);
+        for (const auto& [name, value] : values_) {
+            builder.set(name, value);
+        }
+        return builder.build();
+    }
 
 private:
-    GroupBuilder builder_{GroupBuilder::Mode::Flat};
+    std::vector<std::pair<std::string, Attribute>> values_;
 };
 
 }  // namespace ovtest

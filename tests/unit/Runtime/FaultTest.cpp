@@ -40,7 +40,7 @@ TEST(Fault, ShowsAtRootWhenTheOpIsInNoPlace) {
                 AllOf(HasSubstr("sceen"),
                       HasSubstr("op 1 of 1"),
                       HasSubstr("/root"),
-                      HasSubstr("there is no op type \"sceen\"")));
+                      HasSubstr("there is no op type \"sceen\"; did you mean \"scene\"?")));
     EXPECT_EQ(1, countFrom(*client, "/root"));
 }
 

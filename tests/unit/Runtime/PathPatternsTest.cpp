@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/PathPatterns.h"
 
-#include "Platform/Embedded/Ops/NearestName.h"
 #include "Platform/Embedded/Runtime/Op.h"
 #include "unit/Runtime/NaivePatterns.h"
 
@@ -352,25 +351,4 @@ TEST(PathPatterns, TakeNoLongerForVeryManyPatternsThatCouldMatchInVeryManyWays) 
     EXPECT_TRUE(patterns.matchesAtOrAbove(path));
     EXPECT_TRUE(patterns.canMatchBelow(path));
     EXPECT_FALSE(patterns.matches(path + "/b"));
-}
-
-TEST(NearestName, IsOneThatWasProbablyMeant) {
-    const std::vector<std::string_view> names = {
-        "breadth", "depth", "at", "attributes", "failEvery"};
-    struct Row {
-        std::string written;
-        const char* nearest;
-    };
-    for (const Row& row : {Row{"bredth", "breadth"},
-                           {"Breadth", "breadth"},
-                           {"dept", "depth"},
-                           {"a", "at"},
-                           {"attribute", "attributes"},
-                           {"failevery", "failEvery"},
-                           {"colour", ""},
-                           {"", ""},
-                           {std::string(100000, 'a'), ""}}) {
-        EXPECT_EQ(row.nearest, nearestName(row.written, names)) << row.written.substr(0, 20);
-    }
-    EXPECT_EQ("", nearestName("a", {}));
 }

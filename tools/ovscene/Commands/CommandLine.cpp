@@ -30,7 +30,7 @@ constexpr char kFooter[] =
     "  2  wrong usage\n"
     "  3  an input file is missing or unreadable\n"
     "  4  an input file is not understood\n"
-    "  5  no such location or attribute\n"
+    "  5  no such location, attribute or op type\n"
     "  6  the output cannot be written\n"
     "  7  a plug-in is missing or cannot be used\n"
     "  8  an asset cannot be imported\n\n"
@@ -67,6 +67,7 @@ void addCommands(CLI::App& app, Output& output, ServiceOptions& services) {
     addStatsCommand(app, output);
     addWalkCommand(app, output);
     addConvertCommand(app, output);
+    addOpsCommand(app, output, services);
     for (CLI::App* command : app.get_subcommands({})) {
         command->group("Commands");
         command->fallthrough();  // the program's own options may stand behind the command too

@@ -1,46 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Scene/RuntimeStatistics.h"
 
-#include <rapidjson/document.h>
-
-#include <future>
-#include <string_view>
-#include <utility>
+#include "Scene/RuntimeAnswer.h"
 
 namespace ovscene {
 namespace {
-
-using Sylvar3::internal::OvSylvar::SylvarRuntime;
-
-using Answer = std::optional<std::string>;
-
-/// An `OvRuntimeCompletion` over a promise of an `Answer`.
-void complete(std::int32_t status, const char* data, std::uint64_t length, void* context) {
-    const bool isAnswered = status == 0 && data;
-    static_cast<std::promise<Answer>*>(context)->set_value(
-        isAnswered ? Answer(std::string(data, length)) : std::nullopt);
-}
-
-Answer ask(const SylvarRuntime& runtime, std::string_view query) {
-    std::promise<Answer> promise;
-    runtime.suite->queryRuntimeInfo(
-        runtime.handle, query.data(), query.size(), &promise, &complete);
-    return promise.get_future().get();
-}
-
-const rapidjson::Value& member(const rapidjson::Value& object, const char* name) {
-    static const rapidjson::Value none;
-    if (!object.IsObject()) {
-        return none;
-    }
-    const auto found = object.FindMember(name);
-    return found == object.MemberEnd() ? none : found->value;
-}
-
-std::int64_t countOf(const rapidjson::Value& object, const char* name) {
-    const rapidjson::Value& value = member(object, name);
-    return value.IsInt64() ? value.GetInt64() : 0;
-}
 
 OpTypeStatistics opTypeOf(const std::string& name, const rapidjson::Value& counts) {
     const rapidjson::Value& seconds = member(counts, "seconds");
@@ -51,12 +15,7 @@ OpTypeStatistics opTypeOf(const std::string& name, const rapidjson::Value& count
             seconds.IsNumber() ? seconds.GetDouble() : 0};
 }
 
-std::optional<RuntimeStatistics> parse(const std::string& text) {
-    rapidjson::Document document;
-    document.Parse<rapidjson::kParseIterativeFlag>(text.data(), text.size());
-    if (document.HasParseError() || !document.IsObject()) {
-        return std::nullopt;
-    }
+RuntimeStatistics statisticsOf(const rapidjson::Document& document) {
     RuntimeStatistics statistics;
     const rapidjson::Value& opTypes = member(document, "opTypes");
     if (opTypes.IsObject()) {
@@ -76,8 +35,8 @@ std::optional<RuntimeStatistics> parse(const std::string& text) {
 
 std::optional<RuntimeStatistics> runtimeStatistics(const SceneLocation& location) {
     const std::shared_ptr<SylvarRuntime::Client> client = location.client();
-    const Answer answer = client ? ask(*client->getRuntime(), "getStatistics") : std::nullopt;
-    return answer ? parse(*answer) : std::nullopt;
+    const auto answer = client ? askRuntime(*client->getRuntime(), "getStatistics") : std::nullopt;
+    return answer ? std::optional(statisticsOf(*answer)) : std::nullopt;
 }
 
 }  // namespace ovscene

@@ -3,9 +3,9 @@
 
 #include <SylvarPlatform/SampleAccessor.h>
 
-#include "Platform/Embedded/Ops/NearestName.h"
 #include "Platform/Embedded/Runtime/KindName.h"
 #include "Platform/Embedded/Runtime/MountPath.h"
+#include "Platform/Support/NearestName.h"
 
 #include <algorithm>
 #include <utility>
@@ -20,11 +20,17 @@ using OvAttribute::StringAttribute;
 namespace {
 
 bool isOfKind(std::int32_t type, std::string_view kind) {
-    if (kind == "number") {
+    if (kind == "number" || kind == "numbers") {
         return type == OV_ATTRIBUTE_INT || type == OV_ATTRIBUTE_FLOAT ||
                type == OV_ATTRIBUTE_DOUBLE;
     }
-    return kind == (type == OV_ATTRIBUTE_STRING && kind == "strings" ? "strings" : kindName(type));
+    if (kind == "strings") {
+        return type == OV_ATTRIBUTE_STRING;
+    }
+    if (kind == "group or string") {
+        return type == OV_ATTRIBUTE_GROUP || type == OV_ATTRIBUTE_STRING;
+    }
+    return kind == kindName(type) || (kind == "ints" && type == OV_ATTRIBUTE_INT);
 }
 
 std::string quoted(std::string_view text) {
@@ -44,9 +50,7 @@ const ArgumentSchema* findSchema(const OpSchema& schema, std::string_view name) 
     for (const ArgumentSchema& argument : schema.arguments) {
         names.emplace_back(argument.name);
     }
-    const std::string_view nearest = nearestName(name, names);
-    throw OpError("there is no argument " + quoted(name) +
-                  (nearest.empty() ? "" : "; did you mean " + quoted(nearest) + "?"));
+    throw OpError("there is no argument " + quoted(name) + Support::didYouMean(name, names));
 }
 
 }  // namespace
@@ -64,16 +68,15 @@ Arguments::Arguments(const OpSchema& schema, GroupAttribute group) : group_(std:
                           kindName(value.getType()));
         }
     }
+    for (const ArgumentSchema& argument : schema.arguments) {
+        if (!argument.defaultText && !has(argument.name)) {
+            throw OpError("argument " + quoted(argument.name) + " is missing");
+        }
+    }
 }
 
 void Arguments::fail(const char* name, const std::string& expected) {
     throw OpError("argument " + quoted(name) + ": expected " + expected);
-}
-
-void Arguments::require(const char* name) const {
-    if (!has(name)) {
-        throw OpError("argument " + quoted(name) + " is missing");
-    }
 }
 
 std::int32_t Arguments::getInt(const char* name,
@@ -113,14 +116,39 @@ std::size_t Arguments::getChoice(const char* name, const std::vector<const char*
 
 std::string Arguments::getPath(const char* name, const std::string& otherwise) const {
     std::string path = getString(name, otherwise);
+    checkPath(name, path);
+    return path;
+}
+
+void Arguments::checkPath(const char* name, const std::string& path) {
     if (!isLocationPath(path)) {
         fail(name, "a location's path such as /root/world, found " + quoted(path));
     }
-    return path;
+}
+
+std::string Arguments::getName(const char* name, const std::string& otherwise) const {
+    std::string text = getString(name, otherwise);
+    if (text.empty() || text.find('/') != std::string::npos) {
+        fail(name, "a text that a location's name can hold, found " + quoted(text));
+    }
+    return text;
 }
 
 GroupAttribute Arguments::getGroup(const char* name) const {
     return group_.getChild<GroupAttribute>(name);
+}
+
+NumberList Arguments::getNumbers(const char* name, std::size_t count, bool isList) const {
+    const OvAttribute::Attribute value = group_.getChildByName(name);
+    NumberList numbers(value);
+    const bool isRight = isList ? numbers.size() % count == 0 : numbers.size() == count;
+    if (value && (numbers.isEmpty() || !isRight)) {
+        const std::string wanted = std::to_string(count);
+        fail(name,
+             (isList ? "a multiple of " + wanted : wanted) + " numbers, found " +
+                 std::to_string(numbers.size()));
+    }
+    return numbers;
 }
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

@@ -4,6 +4,7 @@
 #include <SylvarPlatform/DataAttribute.h>
 #include <SylvarPlatform/GroupAttribute.h>
 
+#include "Platform/Embedded/Ops/NumberList.h"
 #include "Platform/Embedded/Runtime/Op.h"
 
 #include <cstdint>
@@ -17,8 +18,9 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 /// `OpError` with a text that names the argument and what was expected.
 class Arguments {
 public:
-    /// Throws for an argument that the type does not have, with the nearest one that it has, and
-    /// for one of another kind than it is to be. A null group has no arguments.
+    /// Throws for an argument that the type does not have, with the nearest one that it has, for
+    /// one of another kind than it is to be, and for one that must be given and is not. A null
+    /// group has no arguments.
     Arguments(const OpSchema& schema, OvAttribute::GroupAttribute group);
 
     bool has(const char* name) const { return group_.getChildByName(name).isValid(); }
@@ -40,10 +42,17 @@ public:
     /// A string that is the path of a location, such as /root/world.
     std::string getPath(const char* name, const std::string& otherwise) const;
 
+    /// A string that can be part of a location's name.
+    std::string getName(const char* name, const std::string& otherwise) const;
+
     OvAttribute::GroupAttribute getGroup(const char* name) const;
 
-    /// For an argument that has to be there.
-    void require(const char* name) const;
+    /// As many numbers in each sample as `count` says, or a multiple of that when `isList`; none
+    /// when the argument is not there.
+    NumberList getNumbers(const char* name, std::size_t count, bool isList) const;
+
+    /// For a text that has to be the path of a location.
+    static void checkPath(const char* name, const std::string& path);
 
     [[noreturn]] static void fail(const char* name, const std::string& expected);
 

@@ -98,6 +98,11 @@ private:
     const OpSchema schema_ = {
         "generate",
         "A scene of any size, made up from its arguments: the same ones, the same scene.",
+        "It takes no memory but for what is cooked. The top location is /root, and "
+        "children are called `c0`, `c1`, ... Each location has \"type\", \"xform\" with a "
+        "\"matrix\", \"bound\" and the small attributes \"value0\", \"value1\", ...: in turn an "
+        "int, a float, a double and a string. With materials it has \"material\" too: a "
+        "network of one `standard_surface`, shared by all locations that have it.",
         0,
         0,
         {

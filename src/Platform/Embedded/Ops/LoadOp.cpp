@@ -1,20 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <SylvarPlatform/AssetPlugin.h>
 #include <SylvarPlatform/AttributeFile.h>
 
 #include "Platform/Embedded/Ops/Arguments.h"
+#include "Platform/Embedded/Ops/AssetPath.h"
 #include "Platform/Embedded/Ops/FileIdentity.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Ops/SceneOp.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Embedded/Runtime/MountPath.h"
 #include "Platform/Embedded/Runtime/OpGraph.h"
-#include "Platform/Embedded/Runtime/RuntimeLog.h"
 #include "Platform/Support/Mutex.h"
 #include "Platform/Support/OnceBuilt.h"
 
 #include <algorithm>
-#include <exception>
 #include <optional>
 #include <utility>
 
@@ -30,19 +28,6 @@ using Support::MutexLock;
 namespace {
 
 constexpr const char* kLoadedTop = "/root";
-
-/// The path of an asset. Where the asset plug-in fails, the name is taken for the path.
-std::string resolved(const std::string& file) {
-    try {
-        return OvAssetHost::v1::OvAssetPluginManager::getDefaultAssetPlugin()->resolveAsset(
-            file, 0, false);
-    } catch (const std::exception& error) {
-        OV_LOG(runtimeLogger(),
-               warn,
-               "The asset plug-in cannot resolve \"" << file << "\": " << error.what());
-        return file;
-    }
-}
 
 /// What a file holds: the last op of its tree, or the op of its stored scene.
 struct Content {
@@ -212,28 +197,32 @@ public:
                                        std::size_t /*inputCount*/,
                                        const std::string& /*place*/) const override {
         const Arguments arguments(schema_, group);
-        arguments.require("file");
         const std::string file = arguments.getString("file", "");
         if (file.empty()) {
             Arguments::fail("file", "a file's name, found \"\"");
         }
-        return std::make_unique<LoadOp>(resolved(file), arguments.getPath("at", kLoadedTop));
+        return std::make_unique<LoadOp>(assetPath(file), arguments.getPath("at", kLoadedTop));
     }
 
     std::string identity(const GroupAttribute& arguments) const override {
         const std::string file =
             arguments.getChild<OvAttribute::StringAttribute>("file").getValue("");
-        return file.empty() ? file : FileIdentity(resolved(file)).text();
+        return file.empty() ? file : FileIdentity(assetPath(file)).text();
     }
 
 private:
     const OpSchema schema_ = {
         "load",
         "Another op tree, or a stored scene, from a file; read when it is first needed.",
+        "The asset plug-in finds the file; ours looks along `SYLVAR_ASSET_PATH`. All "
+        "that load one file share what is cooked of it. A file that cannot be read is "
+        "an error at `at`; so is one that loads itself, directly or by way of others. A "
+        "changed file is noticed by runtimes that are made after the change, and by "
+        "others when they evict a location.",
         0,
         0,
         {
-            {"file", "string", "", "The file: an asset's name, or a path."},
+            {"file", "string", nullptr, "The file: an asset's name, or a path."},
             {"at", "string", kLoadedTop, "Where the file's location /root goes."},
         },
     };

@@ -5,7 +5,6 @@
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Support/OnceBuilt.h"
 
-#include <limits>
 #include <unordered_set>
 #include <utility>
 
@@ -89,8 +88,10 @@ private:
     const OpSchema schema_ = {
         "merge",
         "The union of the inputs' scenes: a location is there when any input has it.",
+        "Children come in the order of the inputs, each name once. A location that one "
+        "input alone has is handed on as it is.",
         1,
-        std::numeric_limits<std::int32_t>::max(),
+        kAnyNumberOfInputs,
         {
             {"attributes",
              "string",

@@ -7,11 +7,22 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 
 std::vector<const OpType*> builtInOpTypes() {
     return {
+        &assignMaterialOpType(),
+        &cameraOpType(),
+        &deleteAttributesOpType(),
+        &duplicateOpType(),
         &generateOpType(),
+        &instanceOpType(),
+        &isolateOpType(),
+        &lightOpType(),
         &loadOpType(),
         &mergeOpType(),
+        &mountOpType(),
+        &pruneOpType(),
+        &renderSettingsOpType(),
         &sceneOpType(),
         &setAttributesOpType(),
+        &transformOpType(),
     };
 }
 

@@ -4,6 +4,7 @@
 #include <SylvarPlatform/DelimiterCodec.h>
 
 #include "Platform/Embedded/Ops/Arguments.h"
+#include "Platform/Embedded/Ops/ChildNameCheck.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Embedded/Runtime/MountPath.h"
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <set>
 #include <utility>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
@@ -48,15 +48,6 @@ std::int64_t findChild(const GroupValue& children, std::string_view name) {
     return -1;
 }
 
-/// A key for a message, which ends at the first NUL.
-std::string printable(std::string_view key) {
-    std::string text;
-    for (const char c : key) {
-        text += c == '\0' ? std::string("\\x00") : std::string(1, c);
-    }
-    return text;
-}
-
 /// The decoded names of all children, each of which must be one that a path can have.
 class ChildNameList {
 public:
@@ -67,35 +58,28 @@ public:
             hasEncoded |= isEncoded(key);
             names_.push_back(
                 isEncoded(key) ? decoded_.emplace_back(DelimiterDecode(std::string(key))) : key);
-            check(names_.back(), key);
+            checkChildName(names_.back(), key);
         }
         if (hasEncoded) {
-            checkForTwins();
+            checkForTwins(names_);
         }
     }
 
     const std::vector<std::string_view>& names() const { return names_; }
 
 private:
-    static void check(std::string_view name, std::string_view key) {
-        if (name.empty() || name.find('/') != std::string_view::npos ||
-            name.find('\0') != std::string_view::npos) {
-            throw OpError("the child \"" + printable(key) + "\" has a name that no path can hold");
-        }
-    }
-
-    void checkForTwins() const {
-        std::set<std::string_view> known;
-        for (const std::string_view name : names_) {
-            if (!known.insert(name).second) {
-                throw OpError("two children are named \"" + std::string(name) + "\"");
-            }
-        }
-    }
-
     std::deque<std::string> decoded_;
     std::vector<std::string_view> names_;
 };
+
+void write(const GroupValue& location, LocationWriter& out) {
+    if (GroupValue* const attributes = asGroup(location.find("a"))) {
+        out.setAttributes(static_cast<GroupValue*>(out.keep(*attributes)));
+    }
+    if (const GroupValue* const children = childGroups(location)) {
+        out.setChildren(ChildNameList(*children).names());
+    }
+}
 
 class SceneOp final : public SceneBody {
 public:
@@ -113,34 +97,10 @@ public:
     }
 
     void cookBelow(std::string_view rest, LocationWriter& out) const override {
-        GroupValue* location = asGroup(tree_.handle());
-        for (std::size_t begin = 1; begin < rest.size(); ++begin) {
-            const std::size_t end = std::min(rest.find('/', begin), rest.size());
-            const GroupValue* const children = location ? childGroups(*location) : nullptr;
-            const std::int64_t place =
-                children ? findChild(*children, rest.substr(begin, end - begin)) : -1;
-            if (place < 0) {
-                return out.setAbsent();
-            }
-            location = asGroup((*children)[place]);
-            begin = end;
-        }
-        // A child of another kind is a location with nothing in it.
-        if (location) {
-            write(*location, out);
-        }
+        cookStaticScene(tree_, rest, out);
     }
 
 private:
-    static void write(const GroupValue& location, LocationWriter& out) {
-        if (GroupValue* const attributes = asGroup(location.find("a"))) {
-            out.setAttributes(static_cast<GroupValue*>(out.keep(*attributes)));
-        }
-        if (const GroupValue* const children = childGroups(location)) {
-            out.setChildren(ChildNameList(*children).names());
-        }
-    }
-
     GroupAttribute tree_;
     MountPath mount_;
 };
@@ -153,7 +113,6 @@ public:
                                        std::size_t /*inputCount*/,
                                        const std::string& /*place*/) const override {
         const Arguments arguments(schema_, group);
-        arguments.require("tree");
         return makeScene(arguments.getGroup("tree"), arguments.getPath("at", "/root"));
     }
 
@@ -161,16 +120,44 @@ private:
     const OpSchema schema_ = {
         "scene",
         "A static scene that stands in the op tree itself.",
+        "The attribute groups of the tree are those of the locations, the very same "
+        "values. The keys of `\"c\"` are encoded names: `%2E` stands for the byte `.`, "
+        "and so on. A location of which two children have one name, or one child a name "
+        "that no path can hold, is an error, without its children. A child that is no "
+        "group is a location with nothing in it. The locations above `at` are there, "
+        "with nothing but the way down.",
         0,
         0,
         {
-            {"tree", "group", "", "The top location: its attributes \"a\" and its children \"c\"."},
+            {"tree",
+             "group",
+             nullptr,
+             "The top location: its attributes \"a\" and its children \"c\"."},
             {"at", "string", "/root", "The path of the top location."},
         },
     };
 };
 
 }  // namespace
+
+void cookStaticScene(const GroupAttribute& tree, std::string_view rest, LocationWriter& out) {
+    GroupValue* location = asGroup(tree.handle());
+    for (std::size_t begin = 1; begin < rest.size(); ++begin) {
+        const std::size_t end = std::min(rest.find('/', begin), rest.size());
+        const GroupValue* const children = location ? childGroups(*location) : nullptr;
+        const std::int64_t place =
+            children ? findChild(*children, rest.substr(begin, end - begin)) : -1;
+        if (place < 0) {
+            return out.setAbsent();
+        }
+        location = asGroup((*children)[place]);
+        begin = end;
+    }
+    // A child of another kind is a location with nothing in it.
+    if (location) {
+        write(*location, out);
+    }
+}
 
 std::unique_ptr<const SceneBody> makeScene(GroupAttribute tree, std::string at) {
     return std::make_unique<SceneOp>(std::move(tree), std::move(at));

@@ -19,6 +19,12 @@ public:
     virtual void cookBelow(std::string_view rest, LocationWriter& out) const = 0;
 };
 
+/// Writes the location of a static scene whose path below the scene's top is this one: "" or
+/// "/name/name". The attribute group is the scene's own.
+void cookStaticScene(const OvAttribute::GroupAttribute& tree,
+                     std::string_view rest,
+                     LocationWriter& out);
+
 /// With its top location at that path.
 std::unique_ptr<const SceneBody> makeScene(OvAttribute::GroupAttribute tree, std::string at);
 

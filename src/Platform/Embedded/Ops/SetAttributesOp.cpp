@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Arguments.h"
-#include "Platform/Embedded/Ops/AttributeMerge.h"
+#include "Platform/Embedded/Ops/AttributeAssignment.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Ops/PathPatterns.h"
 #include "Platform/Embedded/Runtime/AttributeEdit.h"
@@ -17,45 +17,29 @@ using OvAttribute::Embedded::GroupValue;
 
 namespace {
 
-enum class Mode { Replace, Merge, IfMissing };
-
 class SetAttributesOp final : public OpBody {
 public:
-    SetAttributesOp(PathPatterns paths, GroupAttribute values, Mode mode)
+    SetAttributesOp(PathPatterns paths, GroupAttribute values, AssignmentMode mode)
         : paths_(std::move(paths)), values_(std::move(values)), mode_(mode) {}
 
     void cook(Cook& cook, LocationWriter& out) const override {
         const Location input = cook.input(0);
-        if (!input.exists() || cook.path().empty() || !paths_.matches(cook.path())) {
+        if (!input.exists() || !paths_.matches(cook.path())) {
             return out.pass(input);
         }
         AttributeEdit attributes(input);
         const GroupValue& values = *asGroup(values_.handle());
         for (std::int64_t i = 0; i < values.size(); ++i) {
-            set(attributes, values.shape->name(i), values[i], out);
+            assign(attributes, values.shape->name(i), values[i], mode_, out);
         }
         out.setAttributes(attributes.write(out, input.attributes()->inherits()));
         out.setChildrenOf(input);
     }
 
 private:
-    void set(AttributeEdit& attributes,
-             std::string_view name,
-             LocationWriter::Value* value,
-             LocationWriter& out) const {
-        LocationWriter::Value* const present = attributes.find(name);
-        if (mode_ == Mode::IfMissing && present) {
-            return;
-        }
-        GroupValue* const over = asGroup(value);
-        const GroupValue* const under = asGroup(present);
-        const bool isMerged = mode_ == Mode::Merge && over && under;
-        attributes.set(name, isMerged ? mergeUnder(*over, *under, out) : value);
-    }
-
     PathPatterns paths_;
     GroupAttribute values_;
-    Mode mode_;
+    AssignmentMode mode_;
 };
 
 class SetAttributesOpType final : public OpType {
@@ -66,28 +50,24 @@ public:
                                        std::size_t /*inputCount*/,
                                        const std::string& /*place*/) const override {
         const Arguments arguments(schema_, group);
-        arguments.require("paths");
-        arguments.require("values");
-        const auto mode =
-            static_cast<Mode>(arguments.getChoice("mode", {"replace", "merge", "ifMissing"}));
-        return std::make_unique<SetAttributesOp>(
-            PathPatterns(arguments.getStrings("paths")), arguments.getGroup("values"), mode);
+        return std::make_unique<SetAttributesOp>(PathPatterns(arguments.getStrings("paths")),
+                                                 arguments.getGroup("values"),
+                                                 assignmentModeOf(arguments));
     }
 
 private:
     const OpSchema schema_ = {
         "setAttributes",
         "Sets attributes of the locations that its patterns match.",
+        "Locations that no pattern matches are handed on as they are; it makes none. "
+        "Names are those of the location's own attributes: a group replaces a whole "
+        "group unless the mode is `merge`. A null value hides what was there.",
         1,
         1,
         {
-            {"paths", "strings", "", "Patterns for the paths of the locations."},
-            {"values", "group", "", "The attributes, by name."},
-            {"mode",
-             "string",
-             "replace",
-             "\"replace\": in place of what is there; \"merge\": groups are merged with those that "
-             "are there; \"ifMissing\": only where there is none."},
+            {"paths", "strings", nullptr, "Patterns for the paths of the locations."},
+            {"values", "group", nullptr, "The attributes, by name."},
+            assignmentModeSchema(),
         },
     };
 };

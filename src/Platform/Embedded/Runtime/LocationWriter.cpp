@@ -103,6 +103,12 @@ void LocationWriter::setChildren(const std::vector<std::string_view>& names) {
     }
 }
 
+void LocationWriter::keepChildren(DataValue* names) {
+    const bool hasNames = names && names->valueCount != 0;
+    children_ = hasNames ? keep(*names) : nullptr;
+    names_ = hasNames ? ChildNames::make(page(), *names) : nullptr;
+}
+
 void LocationWriter::setChildrenOf(const Location& location) {
     children_ = keep(*location.children());
     names_ = &location.names();

@@ -64,6 +64,9 @@ public:
     /// once.
     void setChildren(const std::vector<std::string_view>& names);
 
+    /// The same with a value from elsewhere: strings of one sample, which are kept. Null: none.
+    void keepChildren(DataValue* names);
+
     /// The potential children are those of another location.
     void setChildrenOf(const Location& location);
 

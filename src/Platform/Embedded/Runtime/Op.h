@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -51,19 +52,27 @@ public:
 /// One argument of an op type.
 struct ArgumentSchema {
     const char* name;
-    const char* kind;  ///< "int", "float", "double", "number", "string", "strings", "group".
-    const char* defaultText;
+
+    /// "int" and "ints"; "number" and "numbers", one or a list of ints, floats or doubles;
+    /// "string" and "strings"; "group"; "group or string".
+    const char* kind;
+
+    const char* defaultText;  ///< Null: it must be given. "": nothing.
     const char* about;
 };
 
-/// What an op type says of itself.
+/// What an op type says of itself, as the page on ops shows it.
 struct OpSchema {
     const char* name;
-    const char* about;
+    const char* about;    ///< One line.
+    const char* remarks;  ///< Paragraphs of Markdown, with empty lines between them; can be "".
     std::int64_t fewestInputs;
     std::int64_t mostInputs;
     std::vector<ArgumentSchema> arguments;
 };
+
+/// An op takes any number of inputs.
+constexpr std::int64_t kAnyNumberOfInputs = std::numeric_limits<std::int32_t>::max();
 
 /// A type of op. Lives as long as the process; any thread.
 class OpType {

@@ -189,7 +189,9 @@ private:
     std::shared_ptr<InternedOp> make(std::size_t place, State state) {
         const OpSpec& spec = specs_[place];
         const GroupAttribute arguments = argumentsForType(spec.arguments);
-        const auto [type, typeIndex] = OpTypeTable::instance().find(spec.type);
+        OpTypeTable& types = OpTypeTable::instance();
+        const auto [type, typeIndex] =
+            state.fault.empty() ? types.findOrAdd(spec.type, state.fault) : types.find(spec.type);
 
         Identity identity;
         identity.add(spec.type);
@@ -222,9 +224,6 @@ private:
         try {
             if (!state.fault.empty()) {
                 throw OpError(state.fault);
-            }
-            if (!type) {
-                throw OpError("there is no op type \"" + parts.typeName + "\"");
             }
             checkInputs(type->schema(), state.inputs.size());
             return type->make(arguments, state.inputs.size(), parts.place);

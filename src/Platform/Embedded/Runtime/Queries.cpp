@@ -69,6 +69,7 @@ void writeSchema(const OpSchema& schema, Writer& json) {
     json.StartObject();
     writeText(json, "type", schema.name);
     writeText(json, "about", schema.about);
+    writeText(json, "remarks", schema.remarks);
     json.Key("fewestInputs");
     json.Int64(schema.fewestInputs);
     json.Key("mostInputs");
@@ -79,7 +80,9 @@ void writeSchema(const OpSchema& schema, Writer& json) {
         json.StartObject();
         writeText(json, "name", argument.name);
         writeText(json, "kind", argument.kind);
-        writeText(json, "default", argument.defaultText);
+        json.Key("isNeeded");
+        json.Bool(argument.defaultText == nullptr);
+        writeText(json, "default", argument.defaultText ? argument.defaultText : "");
         writeText(json, "about", argument.about);
         json.EndObject();
     }
@@ -88,12 +91,11 @@ void writeSchema(const OpSchema& schema, Writer& json) {
 }
 
 void writeOpRegistry(Writer& json) {
-    const OpTypeTable& types = OpTypeTable::instance();
     json.StartObject();
     json.Key("opTypes");
     json.StartArray();
-    for (std::uint32_t place = 1; place < types.size(); ++place) {
-        writeSchema(types[place]->schema(), json);
+    for (const OpType* const type : OpTypeTable::instance().all()) {
+        writeSchema(type->schema(), json);
     }
     json.EndArray();
     json.EndObject();

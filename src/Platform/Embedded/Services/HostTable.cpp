@@ -5,6 +5,7 @@
 #include <SylvarPlatform/Export.h>
 #include <SylvarPlatform/suites/AttributeSuite.h>
 
+#include "Platform/Embedded/Ops/OpHost.h"
 #include "Platform/Embedded/Services/LoggerRecord.h"
 #include "Platform/Support/OnceBuilt.h"
 
@@ -32,6 +33,7 @@ using Support::MutexLock;
 
 HostSuites::HostSuites() {
     add(OvGetAttributeSuite(), OV_ATTRIBUTE_SUITE_NAME, OV_ATTRIBUTE_SUITE_VERSION);
+    add(OvSylvar::Embedded::opHost(), OV_OP_HOST_SUITE_NAME, OV_OP_HOST_SUITE_VERSION);
 }
 
 const void* HostSuites::find(const char* name, std::uint32_t version) const {

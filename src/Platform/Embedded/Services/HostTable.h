@@ -12,8 +12,8 @@
 
 namespace Sylvar3::internal::Embedded {
 
-/// The function tables that were published, by name and version; the attribute suite is there from
-/// the start. What is published stays. Any thread.
+/// The function tables that were published, by name and version; the attribute suite and what op
+/// types are offered are there from the start. What is published stays. Any thread.
 class HostSuites {
 public:
     HostSuites();

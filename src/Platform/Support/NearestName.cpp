@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/NearestName.h"
+#include "Platform/Support/NearestName.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
 
-namespace Sylvar3::internal::OvSylvar::Embedded {
+namespace Sylvar3::internal::Support {
 
 namespace {
 
@@ -45,4 +45,9 @@ std::string_view nearestName(std::string_view written, const std::vector<std::st
     return nearest;
 }
 
-}  // namespace Sylvar3::internal::OvSylvar::Embedded
+std::string didYouMean(std::string_view written, const std::vector<std::string_view>& names) {
+    const std::string_view nearest = nearestName(written, names);
+    return nearest.empty() ? std::string() : "; did you mean \"" + std::string(nearest) + "\"?";
+}
+
+}  // namespace Sylvar3::internal::Support

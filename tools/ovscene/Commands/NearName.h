@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <string_view>
+#include <string>
 #include <vector>
 
-namespace Sylvar3::internal::OvSylvar::Embedded {
+namespace ovscene {
 
 /// The name that was probably meant: the one with the fewest letters to change, add or leave out,
 /// up to a third of its length; empty when none is that near.
-std::string_view nearestName(std::string_view written, const std::vector<std::string_view>& names);
+std::string nearName(const std::string& written, const std::vector<std::string>& names);
 
-}  // namespace Sylvar3::internal::OvSylvar::Embedded
+}  // namespace ovscene

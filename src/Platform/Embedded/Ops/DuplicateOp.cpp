@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/Embedded/Ops/Arguments.h"
+#include "Platform/Embedded/Ops/LocationChange.h"
+#include "Platform/Embedded/Ops/MatrixValue.h"
+#include "Platform/Embedded/Ops/NumberedNames.h"
+#include "Platform/Embedded/Ops/OpTypes.h"
+#include "Platform/Embedded/Runtime/Cook.h"
+#include "Platform/Support/OnceBuilt.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+using OvAttribute::GroupAttribute;
+
+namespace {
+
+class DuplicateOp final : public OpBody {
+public:
+    DuplicateOp(std::string source, NumberedNames copies, NumberList matrices)
+        : source_(std::move(source)),
+          parent_(source_, 0, source_.rfind('/')),
+          copies_(std::move(copies)),
+          matrices_(std::move(matrices)) {}
+
+    void cook(Cook& cook, LocationWriter& out) const override {
+        const std::string_view path = cook.path();
+        if (path == parent_) {
+            return cookParent(cook, out);
+        }
+        const std::size_t begin = parent_.size() + 1;
+        if (path.size() > begin && path.substr(0, parent_.size()) == parent_ &&
+            path[parent_.size()] == '/') {
+            const std::size_t end = std::min(path.find('/', begin), path.size());
+            const std::int64_t copy = copies_.find(path.substr(begin, end - begin));
+            if (copy >= 0) {
+                return cookCopy(cook, static_cast<std::size_t>(copy), path.substr(end), out);
+            }
+        }
+        out.pass(cook.input(0));
+    }
+
+private:
+    void cookParent(Cook& cook, LocationWriter& out) const {
+        if (!cook.input(0, source_).exists()) {
+            throw OpError("argument \"source\": there is no location " + source_);
+        }
+        const Location parent = cook.input(0);
+        copies_.checkThatNoneIsIn(parent);
+        std::string text;
+        writeWithChildren(parent, copies_.list(text), out);
+    }
+
+    void cookCopy(Cook& cook, std::size_t copy, std::string_view rest, LocationWriter& out) const {
+        const Location original = cook.input(0, source_ + std::string(rest));
+        if (!original.exists() || !rest.empty() || matrices_.isEmpty()) {
+            return out.pass(original);
+        }
+        writeMoved(original, matrixOf(copy, out), out);
+    }
+
+    LocationWriter::Value* matrixOf(std::size_t copy, LocationWriter& out) const {
+        const bool isStep = matrices_.size() == kMatrixSize;
+        return addMatrix(matrices_, out, [&](std::size_t sample) {
+            return isStep ? power(matrixAt(matrices_, sample, 0), copy + 1)
+                          : matrixAt(matrices_, sample, copy);
+        });
+    }
+
+    std::string source_;
+    const std::string parent_;
+    const NumberedNames copies_;
+    const NumberList matrices_;
+};
+
+std::string nameOf(const std::string& path) {
+    return path.substr(path.rfind('/') + 1);
+}
+
+/// One for all copies, or one for each.
+NumberList readMatrices(const Arguments& arguments, std::uint32_t copies) {
+    NumberList matrices = arguments.getNumbers("transform", kMatrixSize, true);
+    const std::size_t count = matrices.size() / kMatrixSize;
+    if (count > 1 && count != copies) {
+        Arguments::fail("transform",
+                        "a matrix for all copies, or for each of the " + std::to_string(copies) +
+                            ", found " + std::to_string(count));
+    }
+    return matrices;
+}
+
+class DuplicateOpType final : public OpType {
+public:
+    const OpSchema& schema() const override { return schema_; }
+
+    std::unique_ptr<const OpBody> make(const GroupAttribute& group,
+                                       std::size_t /*inputCount*/,
+                                       const std::string& /*place*/) const override {
+        const Arguments arguments(schema_, group);
+        const std::string source = arguments.getPath("source", "");
+        const auto copies =
+            static_cast<std::uint32_t>(arguments.getInt("copies", 1, 0, kMostCopies));
+        return std::make_unique<DuplicateOp>(
+            source,
+            NumberedNames(arguments.getName("name", nameOf(source) + "_"), 1, copies),
+            readMatrices(arguments, copies));
+    }
+
+private:
+    static constexpr std::int32_t kMostCopies = 100'000'000;
+
+    const OpSchema schema_ = {
+        "duplicate",
+        "Copies of a location and of all below it, beside it.",
+        "Copies are named by a text and a number from 1 on. What the input cooked is shared: a "
+        "copy "
+        "takes memory for its own transform alone. With one matrix each copy stands to the former "
+        "one as the first copy to the location itself; the transform of the location acts before "
+        "it.",
+        1,
+        1,
+        {
+            {"source", "string", nullptr, "The path of the location."},
+            {"copies", "int", "1", "How many."},
+            {"name", "string", "", "What stands before the number; the source's name and `_`."},
+            {"transform", "numbers", "", "A matrix of 16 numbers for all copies, or for each."},
+        },
+    };
+};
+
+}  // namespace
+
+const OpType& duplicateOpType() {
+    static Support::OnceBuilt<DuplicateOpType> type;
+    return type.get();
+}
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded

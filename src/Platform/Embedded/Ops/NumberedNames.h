@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "Platform/Embedded/Runtime/Location.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+/// Names of copies: a text and a number behind it. Immutable; any thread.
+class NumberedNames {
+public:
+    /// `count` of them, from the number `first` on.
+    NumberedNames(std::string prefix, std::uint32_t first, std::uint32_t count)
+        : prefix_(std::move(prefix)), first_(first), count_(count) {}
+
+    std::uint32_t count() const { return count_; }
+
+    /// The place of a name, from 0; -1 when it is none of them.
+    std::int64_t find(std::string_view name) const;
+
+    /// All of them, as views of the text, which is replaced.
+    std::vector<std::string_view> list(std::string& text) const;
+
+    /// Throws `OpError` when a location that can be absent has a child of one of these names.
+    void checkThatNoneIsIn(const Location& location) const;
+
+private:
+    std::string prefix_;
+    std::uint32_t first_;
+    std::uint32_t count_;
+};
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded

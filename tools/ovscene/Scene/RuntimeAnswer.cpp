@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Scene/RuntimeAnswer.h"
+
+#include <future>
+#include <utility>
+
+namespace ovscene {
+namespace {
+
+using Answer = std::optional<std::string>;
+
+/// An `OvRuntimeCompletion` over a promise of an `Answer`.
+void complete(std::int32_t status, const char* data, std::uint64_t length, void* context) {
+    const bool isAnswered = status == 0 && data;
+    static_cast<std::promise<Answer>*>(context)->set_value(
+        isAnswered ? Answer(std::string(data, length)) : std::nullopt);
+}
+
+std::optional<rapidjson::Document> objectOf(const Answer& answer) {
+    rapidjson::Document document;
+    if (answer) {
+        document.Parse<rapidjson::kParseIterativeFlag>(answer->data(), answer->size());
+    }
+    return document.HasParseError() || !document.IsObject() ? std::nullopt
+                                                            : std::optional(std::move(document));
+}
+
+}  // namespace
+
+std::optional<rapidjson::Document> askRuntime(const SylvarRuntime& runtime,
+                                              std::string_view query) {
+    std::promise<Answer> promise;
+    runtime.suite->queryRuntimeInfo(
+        runtime.handle, query.data(), query.size(), &promise, &complete);
+    return objectOf(promise.get_future().get());
+}
+
+const rapidjson::Value& member(const rapidjson::Value& object, const char* name) {
+    static const rapidjson::Value none;
+    if (!object.IsObject()) {
+        return none;
+    }
+    const auto found = object.FindMember(name);
+    return found == object.MemberEnd() ? none : found->value;
+}
+
+std::string textOf(const rapidjson::Value& object, const char* name) {
+    const rapidjson::Value& value = member(object, name);
+    return value.IsString() ? std::string(value.GetString(), value.GetStringLength()) : "";
+}
+
+std::int64_t countOf(const rapidjson::Value& object, const char* name) {
+    const rapidjson::Value& value = member(object, name);
+    return value.IsInt64() ? value.GetInt64() : 0;
+}
+
+bool flagOf(const rapidjson::Value& object, const char* name) {
+    const rapidjson::Value& value = member(object, name);
+    return value.IsBool() && value.GetBool();
+}
+
+void forEachOf(const rapidjson::Value& object,
+               const char* name,
+               const std::function<void(const rapidjson::Value&)>& use) {
+    const rapidjson::Value& list = member(object, name);
+    if (list.IsArray()) {
+        for (const rapidjson::Value& element : list.GetArray()) {
+            use(element);
+        }
+    }
+}
+
+}  // namespace ovscene

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <SylvarPlatform/SylvarRuntime.h>
+
+#include <rapidjson/document.h>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// What a runtime answers: JSON of unknown origin, since any plug-in may be the runtime.
+namespace ovscene {
+
+using Sylvar3::internal::OvSylvar::SylvarRuntime;
+
+/// The answer to a query of `queryRuntimeInfo`; empty when the runtime has none, or one that is no
+/// JSON object.
+std::optional<rapidjson::Document> askRuntime(const SylvarRuntime& runtime, std::string_view query);
+
+/// @name Members of an object
+/// A member that is not there, or is of another kind, reads as null, "", 0 or false.
+/// @{
+const rapidjson::Value& member(const rapidjson::Value& object, const char* name);
+std::string textOf(const rapidjson::Value& object, const char* name);
+std::int64_t countOf(const rapidjson::Value& object, const char* name);
+bool flagOf(const rapidjson::Value& object, const char* name);
+/// @}
+
+/// Calls `use` with each element, when the member is an array.
+void forEachOf(const rapidjson::Value& object,
+               const char* name,
+               const std::function<void(const rapidjson::Value&)>& use);
+
+}  // namespace ovscene
