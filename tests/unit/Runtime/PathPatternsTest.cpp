@@ -101,7 +101,7 @@ struct Expected {
             matchesAtOrAbove[path] =
                 matches[path] || (!path.empty() && matchesAtOrAbove[parentOf(path)]);
         }
-        for (auto path = universe.rbegin(); *path != ""; ++path) {
+        for (auto path = universe.rbegin(); !path->empty(); ++path) {
             matchesBelow[parentOf(*path)] |= matches[*path] || matchesBelow[*path];
         }
     }
