@@ -7,8 +7,8 @@
 #include "Op/ImportArguments.h"
 #include "Op/ParsedAsset.h"
 
+#include <cstddef>
 #include <cstdio>
-#include <exception>
 #include <memory>
 #include <mutex>
 #include <new>
@@ -22,15 +22,22 @@ namespace {
 const OvAttributeSuite* attributeSuite = nullptr;
 const OvOpHost* opHost = nullptr;
 
-/// What an entry of the host writes into a buffer.
+constexpr std::size_t kUsualLength = 4096;
+
+/// What an entry of the host writes into a buffer; it fails for want of memory alone.
 template <class Entry>
 std::string textOf(Entry entry, const std::string& name) {
     std::string text;
-    const std::int64_t length = entry(name.c_str(), nullptr, 0);
-    if (length > 0) {
-        text.resize(static_cast<std::size_t>(length));
-        entry(name.c_str(), text.data(), text.size() + 1);
+    std::size_t length = kUsualLength;
+    while (length > text.size()) {
+        text.resize(length);
+        const std::int64_t told = entry(name.c_str(), text.data(), text.size() + 1);
+        if (told < 0) {
+            throw std::bad_alloc();
+        }
+        length = static_cast<std::size_t>(told);
     }
+    text.resize(length);
     return text;
 }
 
