@@ -24,9 +24,10 @@ install(FILES "${CMAKE_CURRENT_BINARY_DIR}/OvSylvarProducers.pc"
   DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 
 install(FILES LICENSE CHANGELOG.md DESTINATION "${CMAKE_INSTALL_DOCDIR}")
-foreach(folder docs scenes)
+foreach(folder docs examples scenes)
   if(EXISTS "${PROJECT_SOURCE_DIR}/${folder}")
     list(APPEND shared_folders ${folder})
   endif()
 endforeach()
-install(DIRECTORY ${shared_folders} DESTINATION "${CMAKE_INSTALL_DATADIR}/OvSylvarProducers")
+install(DIRECTORY ${shared_folders} DESTINATION "${CMAKE_INSTALL_DATADIR}/OvSylvarProducers"
+  PATTERN CMakeLists.txt EXCLUDE)

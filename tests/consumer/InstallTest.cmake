@@ -1,10 +1,19 @@
 # SPDX-License-Identifier: Apache-2.0
-# One STEP of the test of an installation: manifest, cmake or pkgconfig.
+# One STEP of the test of an installation: manifest, cmake, pkgconfig or plugins.
 set(first "${WORK_DIR}/installed")
 set(moved "${WORK_DIR}/moved elsewhere")  # a blank in the path belongs to the test
 
 function(run)
   execute_process(COMMAND ${ARGV} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+# A scene that is shown without a word on the error stream.
+function(show)
+  execute_process(COMMAND "${moved}/bin/ovscene" tree ${ARGV}
+    ERROR_VARIABLE told COMMAND_ERROR_IS_FATAL ANY)
+  if(told)
+    message(FATAL_ERROR "${told}")
+  endif()
 endfunction()
 
 # What was installed, with the names of this build made general.
@@ -47,4 +56,19 @@ elseif(STEP STREQUAL "pkgconfig")
   run("${CXX_COMPILER}" -std=c++17 "${CMAKE_CURRENT_LIST_DIR}/project/main.cpp" -o "${WORK_DIR}/consumer"
     ${flags} "-Wl,-rpath,${moved}/${LIBDIR}")
   run("${WORK_DIR}/consumer")
+elseif(STEP STREQUAL "plugins")
+  set(example "${moved}/share/OvSylvarProducers/examples/op_type")
+  set(plugins "${WORK_DIR}/plugins")
+  file(MAKE_DIRECTORY "${plugins}")
+  run("${C_COMPILER}" -std=c99 -pedantic -Wall -Wextra -Werror -shared -fPIC -fvisibility=hidden
+    -I "${moved}/include" "${example}/WaveOp.c" -o "${plugins}/WaveOp.so" -lm)
+  show("${example}/wave.optree.json" --plugins "${plugins}")
+  file(GLOB importer "${moved}/${LIBDIR}/OvSylvarProducers/plugins/AssimpImport.so")
+  if(importer)
+    file(WRITE "${WORK_DIR}/import.optree.json"
+      "{\"format\": \"sylvar\", \"version\": 1, \"content\": \"op tree\", \"root\":"
+      "  {\"cube\": {\"opType\": \"import\", \"opArgs\": {\"file\": \"data/cube.obj\"}}}}")
+    show("${WORK_DIR}/import.optree.json"
+      --set "SYLVAR_ASSET_PATH=${CMAKE_CURRENT_LIST_DIR}/../plugins/AssimpImport")
+  endif()
 endif()

@@ -2,11 +2,15 @@
 # SPDX-License-Identifier: Apache-2.0
 """Runs ovscene over op trees. The environment is that of ovscene_case.py."""
 import json
+import os
 import pathlib
 import shutil
 import unittest
 
 from op_tree_case import OpTreeCase
+from ovscene_case import OVSCENE
+
+PLUGINS = os.environ.get("OVSCENE_TEST_PLUGINS", "")
 
 
 class OpTrees(OpTreeCase):
@@ -146,6 +150,42 @@ class OpTrees(OpTreeCase):
         self.assertEqual(1 + 36 + 36 ** 2 + 36 ** 3 + 7, document["locations"])
         text = self.ok("attrs", demo, "/root/asset/world/geo/quad", "--set", "SYLVAR_ASSET_PATH=.")
         self.assertRegex(text, r"\n  roughness +float +1 +0\.4\n")
+
+
+@unittest.skipUnless(PLUGINS, "AssimpImport was not built")
+class ImportOps(OpTreeCase):
+    """Op trees with an op type that a plug-in adds."""
+
+    def setUp(self):
+        (self.folder / "part.obj").write_text("o part\nv 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n")
+        self.write_op_tree("import.json", part=("import", {"file": "part.obj", "at": "/root/part"}))
+        (self.folder / "bin").mkdir(exist_ok=True)
+        self.alone = shutil.copy(OVSCENE, self.folder / "bin")
+
+    def test_are_shown_without_further_ado(self):
+        self.assertRegex(self.ok("tree", "import.json"), r"└── part +mesh")
+        self.assertEqual("op tree", json.loads(self.ok("stats", "import.json", "--json"))["content"])
+        self.assertIn("geometry", self.ok("attrs", "import.json", "/root/part/part_obj/part/part"))
+        self.assertLess(2, json.loads(self.ok("walk", "import.json", "--json"))["locations"])
+
+    def test_find_their_plugin_as_an_import_does(self):
+        for place in ({"OVSCENE_PLUGIN_PATH": PLUGINS}, {}):
+            options = () if place else ("--plugins", PLUGINS)
+            with self.subTest(options):
+                done = self.run_raw("tree", "import.json", *options, program=self.alone, **place)
+                self.assertEqual((0, b""), (done.returncode, done.stderr))
+
+    def test_are_errors_without_the_plugin(self):
+        done = self.run_raw("tree", "import.json", "--log", "off", program=self.alone)
+        self.assertEqual(0, done.returncode)
+        self.assertIn(b'/root/part: there is no op type "import"', done.stderr)
+
+    def test_tell_of_a_file_that_is_no_plugin(self):
+        (self.folder / "noise").mkdir()
+        (self.folder / "noise" / "Noise.so").write_bytes(b"noise")
+        done = self.run_raw("tree", "import.json", "--plugins", "noise")
+        self.assertEqual(0, done.returncode)
+        self.assertRegex(done.stderr, rb"\A[^\n]+ warning ovscene: noise/Noise\.so: [^\n]+\n\Z")
 
 
 if __name__ == "__main__":

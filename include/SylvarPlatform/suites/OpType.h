@@ -52,7 +52,7 @@ typedef struct OvOpArgument {
     /* Not "enabled" or "note", which every op has. */
     const char* name;
 
-    /* "int"; "number" or "numbers", one or a list of ints, floats or doubles; "string" or
+    /* "int" or "ints"; "number" or "numbers", one or a list of ints, floats or doubles; "string" or
        "strings"; "group"; "group or string". */
     const char* kind;
 
@@ -114,9 +114,9 @@ typedef struct OvOpType {
  *
  * What a cook says is put together when it ends: where the location comes from (the last of
  * passInput, setStaticScene and setAbsent, or nothing), and in place of what that has the
- * attributes and the children that were set. A location that comes from nowhere stays absent
- * whatever is set. Attributes are borrowed from the plug-in for the call; what becomes part of a
- * location is retained, not copied.
+ * attributes and the children that were set. A location that is absent stays so whatever is set.
+ * Attributes are borrowed from the plug-in for the call; what becomes part of a location is
+ * retained, not copied.
  *
  * No entry throws. When one cannot do its work (memory runs out, inputs need one another) the cook
  * has failed: entries then do nothing, getInput returns null and enterScene 0, and the location

@@ -61,7 +61,7 @@ void addCommands(CLI::App& app, Output& output, ServiceOptions& services) {
     app.require_subcommand(1);
     app.footer(kFooter);
     addServiceOptions(app, services);
-    addImportCommand(app, output, services);
+    addImportCommand(app, output);
     addTreeCommand(app, output);
     addAttrsCommand(app, output);
     addStatsCommand(app, output);

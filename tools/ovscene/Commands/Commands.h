@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Commands/ServiceOptions.h"
 #include "Print/Output.h"
 
 #include <CLI/CLI.hpp>
 
 /// The commands of the program: each adds itself, with its options, its help and what it does.
-/// What a command does throws a `CommandError` on failure. `output` and `services` outlive the
-/// application.
+/// What a command does throws a `CommandError` on failure. `output` outlives the application.
 namespace ovscene {
 
-void addImportCommand(CLI::App& app, Output& output, const ServiceOptions& services);
+void addImportCommand(CLI::App& app, Output& output);
 void addTreeCommand(CLI::App& app, Output& output);
 void addAttrsCommand(CLI::App& app, Output& output);
 void addStatsCommand(CLI::App& app, Output& output);

@@ -2,12 +2,12 @@
 #include "Commands/Commands.h"
 #include "Commands/ImporterPlugin.h"
 #include "Commands/OptionChecks.h"
-#include "Commands/PluginFolders.h"
 #include "ExitStatus.h"
 #include "Print/NumberText.h"
 #include "Print/SafeText.h"
 #include "Print/Terminal.h"
 #include "Scene/InputFile.h"
+#include "Scene/PluginFolders.h"
 #include "Scene/SceneFile.h"
 #include "Scene/SceneWalk.h"
 
@@ -80,20 +80,18 @@ std::int64_t countLocations(const SceneFile& scene) {
     return count;
 }
 
-const OvAssetImporter& findImporter(const ImportOptions& options, const ServiceOptions& services) {
+const OvAssetImporter& findImporter(const ImportOptions& options) {
     std::vector<std::string> folders;
     appendFolders(folders, options.pluginPath);
-    folders.insert(folders.end(), services.plugins.begin(), services.plugins.end());
     searchPlugins(std::move(folders));
     return findAssetImporter(options.asset);
 }
 
-void runImport(const ImportOptions& options, const ServiceOptions& services, Output& output) {
+void runImport(const ImportOptions& options, Output& output) {
     static_cast<void>(InputFile(options.asset));  // throws when it is unreadable
     requireWritablePlace(options.output);
-    SceneFile scene{options.asset,
-                    importScene(findImporter(options, services), options),
-                    AttributeContent::StaticScene};
+    SceneFile scene{
+        options.asset, importScene(findImporter(options), options), AttributeContent::StaticScene};
     const std::int64_t locations = countLocations(scene);
     const std::int64_t bytes = writeSceneFile(scene.attribute, scene.content, options.output);
     if (!isOrdinaryFile(options.output)) {
@@ -132,7 +130,7 @@ void addConversion(CLI::App& command, ImportOptions& options) {
 
 }  // namespace
 
-void addImportCommand(CLI::App& app, Output& output, const ServiceOptions& services) {
+void addImportCommand(CLI::App& app, Output& output) {
     const auto options = std::make_shared<ImportOptions>();
     CLI::App* command = app.add_subcommand("import", "Turns an asset file into a static scene");
     command->add_option("ASSET", options->asset, "The asset: obj, gltf, glb, fbx, dae, ply, ...")
@@ -159,7 +157,7 @@ void addImportCommand(CLI::App& app, Output& output, const ServiceOptions& servi
         "Examples:\n"
         "  ovscene import chair.glb chair.optree\n"
         "  ovscene import scan.ply scan.optree.json --up-axis z --unit-scale 0.01");
-    command->callback([options, &services, &output] { runImport(*options, services, output); });
+    command->callback([options, &output] { runImport(*options, output); });
 }
 
 }  // namespace ovscene

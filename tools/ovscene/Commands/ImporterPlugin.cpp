@@ -3,8 +3,8 @@
 
 #include <SylvarPlatform/PluginManager.h>
 
-#include "Commands/PluginFolders.h"
 #include "ExitStatus.h"
+#include "Scene/PluginFolders.h"
 
 #include <algorithm>
 #include <filesystem>

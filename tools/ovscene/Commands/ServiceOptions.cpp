@@ -5,6 +5,7 @@
 #include <SylvarPlatform/Logging.h>
 
 #include "ExitStatus.h"
+#include "Scene/PluginFolders.h"
 
 #include <filesystem>
 #include <system_error>
@@ -137,6 +138,7 @@ void setServices(const ServiceOptions& options) {
     }
     setLevels(options.levels, false);  // sets all, and so it comes first
     setLevels(options.levels, true);
+    setFirstPluginFolders(options.plugins);
 }
 
 }  // namespace ovscene

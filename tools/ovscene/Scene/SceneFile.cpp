@@ -6,6 +6,7 @@
 
 #include "ExitStatus.h"
 #include "Scene/InputFile.h"
+#include "Scene/PluginFolders.h"
 
 #include <cerrno>
 #include <chrono>
@@ -63,6 +64,8 @@ bool hasClient(const SYLVAR::OpTreeSource& source) {
 SceneLocationPtr openOpTree(const SceneFile& file) {
     const bool isReadAgain = isOrdinaryFile(file.name);
     const auto group = OvAttribute::castAttribute<GroupAttribute>(file.attribute);
+    searchPlugins();  // they add op types
+    logUnusablePlugins();
     if (!hasClient(isReadAgain ? SYLVAR::OpTreeSource::createFromFile(file.name)
                                : SYLVAR::OpTreeSource::createFromGroupAttribute(group))) {
         throwMalformed(file, "the op tree cannot be opened; " + faultOf(group));

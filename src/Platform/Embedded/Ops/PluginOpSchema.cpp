@@ -26,7 +26,7 @@ constexpr std::array<std::string_view, 7> kKinds =
 
 constexpr std::array<std::string_view, 2> kArgumentsOfEveryOp = {"enabled", "note"};
 
-constexpr std::size_t kLongestText = 64 * 1024;
+constexpr std::size_t kLongestText = std::size_t{64} * 1024;
 
 template <class List>
 bool contains(const List& list, std::string_view text) {

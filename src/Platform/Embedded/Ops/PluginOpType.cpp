@@ -23,7 +23,7 @@ using Support::MutexLock;
 namespace {
 
 constexpr std::size_t kMessageSize = 1024;
-constexpr std::size_t kLongestIdentity = 1024 * 1024;
+constexpr std::size_t kLongestIdentity = std::size_t{1024} * 1024;
 
 /// Calls a function of a plug-in. What it throws becomes an `OpError`, but for `std::bad_alloc`.
 template <class Call>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Commands/PluginFolders.h"
+#include "Scene/PluginFolders.h"
 
 #include <SylvarPlatform/Logging.h>
 #include <SylvarPlatform/PluginManager.h>
@@ -18,6 +18,11 @@ using Sylvar3::internal::OvPluginManager::PluginManager;
 using Sylvar3::internal::OvPluginManager::RejectedPlugin;
 
 constexpr char kPathVariable[] = "OVSCENE_PLUGIN_PATH";
+
+std::vector<std::string>& firstFolders() {
+    static std::vector<std::string> folders;
+    return folders;
+}
 
 std::vector<RejectedPlugin> rejectedFiles() {
     const std::vector<std::string> folders = PluginManager::getSearchDirectories();
@@ -48,17 +53,22 @@ void appendFolders(std::vector<std::string>& folders, const std::string& list) {
     }
 }
 
-void searchPlugins(std::vector<std::string> first) {
+void setFirstPluginFolders(const std::vector<std::string>& folders) {
+    firstFolders() = folders;
+}
+
+void searchPlugins(std::vector<std::string> folders) {
     namespace fs = std::filesystem;
+    folders.insert(folders.end(), firstFolders().begin(), firstFolders().end());
     if (const char* list = std::getenv(kPathVariable)) {
-        appendFolders(first, list);
+        appendFolders(folders, list);
     }
     std::error_code unknown;
     const fs::path program = fs::read_symlink("/proc/self/exe", unknown);
     if (!unknown) {
-        first.push_back((program.parent_path() / OVSCENE_PLUGIN_FOLDER).lexically_normal());
+        folders.push_back((program.parent_path() / OVSCENE_PLUGIN_FOLDER).lexically_normal());
     }
-    PluginManager::setSearchDirectories(first);
+    PluginManager::setSearchDirectories(folders);
 }
 
 std::vector<std::string> unusablePlugins() {

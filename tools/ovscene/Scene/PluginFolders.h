@@ -9,9 +9,13 @@ namespace ovscene {
 /// Appends the folders of a list with colons between them; empty ones are left out.
 void appendFolders(std::vector<std::string>& folders, const std::string& list);
 
-/// Lets the plug-in manager search `first`, then the folders of the environment variable
-/// OVSCENE_PLUGIN_PATH, then the one that belongs to this program, and load what is there.
-void searchPlugins(std::vector<std::string> first);
+/// The folders that every search has before those of the environment; none at first. For the whole
+/// program, before it has threads.
+void setFirstPluginFolders(const std::vector<std::string>& folders);
+
+/// Lets the plug-in manager search `folders`, then those above, then those of the environment
+/// variable OVSCENE_PLUGIN_PATH, then the one that belongs to this program, and load what is there.
+void searchPlugins(std::vector<std::string> folders = {});
 
 /// The files that cannot be used, and the plug-ins that fail, each with its reason. Folders that
 /// cannot be read are left out.

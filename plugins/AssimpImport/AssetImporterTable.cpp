@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "AssetImporterTable.h"
+
 #include <SylvarPlatform/suites/AssetImporter.h>
-#include <SylvarPlatform/suites/Plugin.h>
 
 #include "AssetFormat.h"
 #include "ImportError.h"
@@ -65,26 +66,10 @@ const OvAssetImporter kImporter = {OV_ASSET_IMPORTER_VERSION,
                                    setDefaults,
                                    importAsset};
 
-OvPluginStruct plugin = {sizeof(OvPluginStruct),
-                         OV_PLUGIN_VERSION,
-                         "AssimpImport",
-                         OV_ASSET_IMPORTER_API_NAME,
-                         OV_ASSET_IMPORTER_VERSION,
-                         0,
-                         nullptr,
-                         []() -> const void* { return &kImporter; },
-                         nullptr};
-
 }  // namespace
+
+const void* assetImporter() {
+    return &kImporter;
+}
+
 }  // namespace AssimpImport
-
-OV_PLUGIN_EXPORT std::int32_t OvGetPluginCount();
-OV_PLUGIN_EXPORT OvPluginStruct* OvGetPlugin(std::int32_t index);
-
-std::int32_t OvGetPluginCount() {
-    return 1;
-}
-
-OvPluginStruct* OvGetPlugin(std::int32_t index) {
-    return index == 0 ? &AssimpImport::plugin : nullptr;
-}
