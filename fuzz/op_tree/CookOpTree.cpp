@@ -116,6 +116,9 @@ SylvarRuntime::LocationData visit(const SylvarRuntime::Client& client,
     const auto cached = client.getCachedLocation(path);
     require(cached.second);
     requireSame(location, cached.first);
+    if (step % 7 == 3) {
+        require(client.traceAttribute(path, "").error.empty());
+    }
     if (step % 5 == 2) {
         client.getRuntime()->evict(path);
         requireSame(location, client.cookLocation(path));

@@ -31,6 +31,7 @@ public:
     class Transaction;
     class Client;
     class LocationData;
+    struct AttributeTrace;
 
     /// The runtime's own handle, owned, and the table that it is for; for `queryRuntimeInfo` of the
     /// table.
@@ -141,6 +142,13 @@ private:
     GroupAttribute group_;
 };
 
+/// Where an attribute comes from: the JSON that `traceAttribute` of the table describes, or why
+/// there is none.
+struct SylvarRuntime::AttributeTrace {
+    std::string json;   ///< Empty when there is no answer.
+    std::string error;  ///< Empty when there is one.
+};
+
 /// A view on a runtime's scene through one op. Holds its runtime. Any number of threads may cook
 /// through one client at once.
 class SYLVAR_PLATFORM_API SylvarRuntime::Client {
@@ -157,6 +165,11 @@ public:
     /// The location and true when it was cooked before, its absence included. Neither cooks nor
     /// waits; with false the first member is an absent location.
     std::pair<LocationData, bool> getCachedLocation(const std::string& locationPath) const;
+
+    /// Which op gave an attribute of the location, and which ones handed it on. A dot in the name
+    /// steps into a group, and "" is the group of all attributes. Cooks what is not cooked yet, and
+    /// waits for the answer.
+    AttributeTrace traceAttribute(const std::string& locationPath, const std::string& name) const;
 
     /// The very runtime that this client was made by.
     std::shared_ptr<SylvarRuntime> getRuntime() const { return runtime_; }

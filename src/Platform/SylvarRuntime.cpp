@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/SylvarRuntime.h>
 
+#include <cstdint>
+#include <exception>
+#include <future>
+#include <new>
 #include <string_view>
 
 namespace Sylvar3::internal::OvSylvar {
@@ -15,6 +19,26 @@ std::int64_t lengthOf(const std::string& text) {
 
 OvRuntimeOpStruct* handleOf(const std::shared_ptr<SylvarRuntime::Op>& op) {
     return op ? op->handle() : nullptr;
+}
+
+using TracePromise = std::promise<SylvarRuntime::AttributeTrace>;
+
+/// An `OvRuntimeCompletion` over a `TracePromise`. Throws nothing into the runtime.
+void completeTrace(std::int32_t status,
+                   const char* data,
+                   std::uint64_t length,
+                   void* context) noexcept {
+    auto& promise = *static_cast<TracePromise*>(context);
+    try {
+        const std::string text = data ? std::string(data, length) : std::string();
+        if (status == 0) {
+            promise.set_value({text, ""});
+        } else {
+            promise.set_value({"", text.empty() ? "the runtime has no answer" : text});
+        }
+    } catch (const std::bad_alloc&) {
+        promise.set_exception(std::current_exception());
+    }
 }
 
 }  // namespace
@@ -116,6 +140,22 @@ std::pair<SylvarRuntime::LocationData, bool> SylvarRuntime::Client::getCachedLoc
     const bool isCached = runtime_->suite->getCachedLocation(
                               handle_, locationPath.data(), lengthOf(locationPath), &location) != 0;
     return {LocationData(castAttribute<GroupAttribute>(location)), isCached};
+}
+
+SylvarRuntime::AttributeTrace SylvarRuntime::Client::traceAttribute(const std::string& locationPath,
+                                                                    const std::string& name) const {
+    if (!runtime_->suite->traceAttribute) {
+        return {"", "the runtime cannot tell where attributes come from"};
+    }
+    TracePromise promise;
+    runtime_->suite->traceAttribute(handle_,
+                                    locationPath.data(),
+                                    lengthOf(locationPath),
+                                    name.data(),
+                                    lengthOf(name),
+                                    &promise,
+                                    &completeTrace);
+    return promise.get_future().get();
 }
 
 }  // namespace Sylvar3::internal::OvSylvar

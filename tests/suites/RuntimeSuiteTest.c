@@ -34,6 +34,7 @@ extern const OvRuntimeSuite* platformRuntimeSuite(void);
     OV_PLACE(16, setClientOp)
     OV_PLACE(17, cookLocation)
     OV_PLACE(18, getCachedLocation)
+    OV_PLACE(19, traceAttribute)
 /* clang-format on */
 
 static const OvRuntimeSuite* suite;
@@ -186,6 +187,26 @@ static void eachQueryIsAnsweredOnce(void) {
     suite->releaseRuntime(runtime);
 }
 
+static void eachTraceIsAnsweredOnce(void) {
+    static const char* const paths[] = {"/root/c1", "/root/gone", ""};
+    static const char* const names[] = {"value0", "gone", ""};
+    OvRuntimeStruct* const runtime = suite->createRuntime();
+    OvRuntimeClientStruct* const client = openClient(runtime);
+    int i = 0;
+    for (i = 0; i < 9; ++i) {
+        const char* const path = paths[i / 3];
+        const char* const name = names[i % 3];
+        struct Answer answer = {0, -1, '\0'};
+        suite->traceAttribute(
+            client, path, lengthOf(path), name, lengthOf(name), &answer, takeAnswer);
+        CHECK(answer.count == 1);
+        CHECK(answer.status == 0);
+        CHECK(answer.first == '{');
+    }
+    suite->releaseClient(client);
+    suite->releaseRuntime(runtime);
+}
+
 int main(void) {
     suite = platformRuntimeSuite();
     attributes = OvGetAttributeSuite();
@@ -193,5 +214,6 @@ int main(void) {
     aClientCooksCachesAndEvicts();
     aBadStreamGivesANegativeId();
     eachQueryIsAnsweredOnce();
+    eachTraceIsAnsweredOnce();
     return failures == 0 ? 0 : 1;
 }

@@ -102,14 +102,31 @@ struct FakeEntries {
                       OvRuntimeCompletion completion) {
         const std::string query = text(name, static_cast<std::int64_t>(length));
         fake().note("queryRuntimeInfo", nameOf(in(runtime)) + " " + query);
+        answer(query, context, completion);
+    }
+
+    static void trace(OvRuntimeClientStruct* client,
+                      const char* path,
+                      std::int64_t length,
+                      const char* name,
+                      std::int64_t nameLength,
+                      void* context,
+                      OvRuntimeCompletion completion) {
+        fake().note(
+            "traceAttribute",
+            nameOf(in(client)) + " " + text(path, length) + " '" + text(name, nameLength) + "'");
+        answer("traceAttribute", context, completion);
+    }
+
+    static void answer(const std::string& query, void* context, OvRuntimeCompletion completion) {
         const auto found = fake().answers_.find(query);
-        const auto answer = found == fake().answers_.end()
-                                ? std::pair<std::int32_t, const char*>(1, nullptr)
-                                : found->second;
+        const auto told = found == fake().answers_.end()
+                              ? std::pair<std::int32_t, const char*>(1, nullptr)
+                              : found->second;
         const auto complete = [=] {
             fake().runHook("answer");
-            const std::string copy = answer.second ? answer.second : "";
-            completion(answer.first, answer.second ? copy.data() : nullptr, copy.size(), context);
+            const std::string copy = told.second ? told.second : "";
+            completion(told.first, told.second ? copy.data() : nullptr, copy.size(), context);
         };
         if (fake().answersElsewhere_) {
             fake().threads_.emplace_back(complete);
@@ -212,7 +229,8 @@ struct FakeEntries {
                                              release<OvRuntimeClientStruct>,
                                              setClientOp,
                                              cookLocation,
-                                             getCachedLocation};
+                                             getCachedLocation,
+                                             trace};
         return suite;
     }
 };

@@ -58,7 +58,8 @@ public:
     void onCall(const std::string& operation, std::function<void()> hook);
     /// @}
 
-    /// How a query is answered: a status, and a text or null. Without this: status 1 and null.
+    /// How a query is answered: a status, and a text or null. Without this: status 1 and null. The
+    /// query "traceAttribute" is the entry of that name.
     void answer(const std::string& query, std::int32_t status, const char* text);
     void answerOnAnotherThread() { answersElsewhere_ = true; }
 

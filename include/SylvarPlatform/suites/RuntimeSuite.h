@@ -119,6 +119,31 @@ typedef struct OvRuntimeSuite {
                                  const char* path,
                                  int64_t length,
                                  OvAttributeStruct** location);
+
+    /* Tells which op gave an attribute of a location, and which ones handed it on. A dot in the
+       name steps into a group, and an empty name is the group of all attributes. Answers
+       `completion` exactly once, on any thread, maybe before it returns: with JSON, or with another
+       status than 0 and the reason. What is not cooked yet is cooked; for that it may wait. May be
+       null: such a runtime cannot tell. [any thread]
+
+           {"hasLocation": true, "hasAttribute": true, "isDropped": false, "steps": [
+             {"gives": true, "name": "lamps", "type": "setAttributes",
+              "number": 3, "count": 7, "file": "room.optree.json", "path": "/root/lamp1"}, ...]}
+
+       The first step is the op that gave the value, and those behind it handed it on, up to the op
+       that the client looks at. Each has its name in its op tree, its type, its number there from 1
+       on, how many ops are there, the file that the op tree was loaded from ("" for a
+       transaction's), and its location that has the value. Without the attribute the first step is
+       an op that had it and did not hand it on, and "isDropped" is true; or, when no op had it, the
+       one that gave the location. Names and paths are the bytes that they are, valid UTF-8 or not.
+     */
+    void (*traceAttribute)(OvRuntimeClientStruct* client,
+                           const char* path,
+                           int64_t length,
+                           const char* name,
+                           int64_t nameLength,
+                           void* context,
+                           OvRuntimeCompletion completion);
 } OvRuntimeSuite;
 
 #ifdef __cplusplus

@@ -67,6 +67,7 @@ void addCommands(CLI::App& app, Output& output, ServiceOptions& services) {
     addStatsCommand(app, output);
     addWalkCommand(app, output);
     addConvertCommand(app, output);
+    addWhyCommand(app, output);
     addOpsCommand(app, output, services);
     for (CLI::App* command : app.get_subcommands({})) {
         command->group("Commands");
@@ -104,7 +105,7 @@ void flushBeforeFailing(Output& output) {
 int run(int argc, char** argv) {
     Output output;
     ServiceOptions services;
-    CLI::App app("Imports, shows, counts, walks and converts scenes");
+    CLI::App app("Imports, shows, counts, walks, converts and explains scenes");
     try {
         addCommands(app, output, services);
         parse(app, argc, argv, output);

@@ -15,6 +15,7 @@ void addAttrsCommand(CLI::App& app, Output& output);
 void addStatsCommand(CLI::App& app, Output& output);
 void addWalkCommand(CLI::App& app, Output& output);
 void addConvertCommand(CLI::App& app, Output& output);
+void addWhyCommand(CLI::App& app, Output& output);
 void addOpsCommand(CLI::App& app, Output& output, const ServiceOptions& services);
 
 }  // namespace ovscene

@@ -16,23 +16,22 @@ void complete(std::int32_t status, const char* data, std::uint64_t length, void*
         isAnswered ? Answer(std::string(data, length)) : std::nullopt);
 }
 
-std::optional<rapidjson::Document> objectOf(const Answer& answer) {
+}  // namespace
+
+std::optional<rapidjson::Document> jsonObject(std::string_view text) {
     rapidjson::Document document;
-    if (answer) {
-        document.Parse<rapidjson::kParseIterativeFlag>(answer->data(), answer->size());
-    }
+    document.Parse<rapidjson::kParseIterativeFlag>(text.data(), text.size());
     return document.HasParseError() || !document.IsObject() ? std::nullopt
                                                             : std::optional(std::move(document));
 }
-
-}  // namespace
 
 std::optional<rapidjson::Document> askRuntime(const SylvarRuntime& runtime,
                                               std::string_view query) {
     std::promise<Answer> promise;
     runtime.suite->queryRuntimeInfo(
         runtime.handle, query.data(), query.size(), &promise, &complete);
-    return objectOf(promise.get_future().get());
+    const Answer answer = promise.get_future().get();
+    return answer ? jsonObject(*answer) : std::nullopt;
 }
 
 const rapidjson::Value& member(const rapidjson::Value& object, const char* name) {

@@ -16,6 +16,9 @@ namespace ovscene {
 
 using Sylvar3::internal::OvSylvar::SylvarRuntime;
 
+/// A text as JSON; empty when it is no JSON object.
+std::optional<rapidjson::Document> jsonObject(std::string_view text);
+
 /// The answer to a query of `queryRuntimeInfo`; empty when the runtime has none, or one that is no
 /// JSON object.
 std::optional<rapidjson::Document> askRuntime(const SylvarRuntime& runtime, std::string_view query);

@@ -52,6 +52,15 @@ Location Client::cook(std::string_view path) {
     return cookLocation(*session, *op, path);
 }
 
+Trace Client::trace(std::string_view path, std::string_view name) {
+    const std::shared_ptr<InternedOp> seen = op();
+    if (!seen || path.empty()) {
+        return {};
+    }
+    const Loan session(*this);
+    return traceAttribute(*session, seen, path, name);
+}
+
 bool Client::findCooked(std::string_view path, Location& location) {
     InternedOp* const op = current_.load(std::memory_order_acquire);
     if (!op || path.empty()) {

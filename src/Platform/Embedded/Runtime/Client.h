@@ -4,6 +4,7 @@
 #include "Platform/Embedded/Runtime/InternedOp.h"
 #include "Platform/Embedded/Runtime/Location.h"
 #include "Platform/Embedded/Runtime/Session.h"
+#include "Platform/Embedded/Runtime/Trace.h"
 #include "Platform/Support/Mutex.h"
 
 #include <array>
@@ -32,6 +33,10 @@ public:
     void setOp(std::shared_ptr<InternedOp> op) OV_EXCLUDES(mutex_);
 
     Location cook(std::string_view path);
+
+    /// Where an attribute comes from, as `traceAttribute` tells it.
+    Trace trace(std::string_view path, std::string_view name) OV_EXCLUDES(mutex_);
+
     bool findCooked(std::string_view path, Location& location);
 
     /// The op that it looks at; null when there is none.

@@ -183,8 +183,12 @@ private:
 };
 
 /// Cooks a location into the page; null when it is absent.
-Node* cookInto(LocationPage& page, Session& session, InternedOp& op, std::string_view path) {
-    Cook cook(session, op, path, page);
+Node* cookInto(LocationPage& page,
+               Session& session,
+               InternedOp& op,
+               std::string_view path,
+               Readings* readings) {
+    Cook cook(session, op, path, page, readings);
     std::string fault;
     try {
         LocationWriter out(page);
@@ -229,14 +233,18 @@ void cookChainOf(Session& session, const InternedOp& op, std::string_view path) 
     }
 }
 
-Location cookClaimed(Session& session, InternedOp& op, Slot& slot, std::string_view path) {
+Location cookClaimed(Session& session,
+                     InternedOp& op,
+                     Slot& slot,
+                     std::string_view path,
+                     Readings* readings = nullptr) {
     Claim claim(session, slot);
     if (op.height() > InternedOp::kStation) {
         cookChainOf(session, op, path);
     }
     CookCount count(session, op);
     LocationPage page(session);
-    Node* const node = cookInto(page, session, op, path);
+    Node* const node = cookInto(page, session, op, path, readings);
     Location location = node ? Location(node->location, node->names) : Location();
     count.finish();
     claim.settle(node, location);
@@ -294,6 +302,9 @@ Location Cook::read(InternedOp& op, std::string_view path) {
     }
     Location location = cookLocation(session_, op, path);
     page_.follow(location);
+    if (readings_ && location.exists()) {
+        readings_->push_back({op.shared_from_this(), std::string(path), location});
+    }
     return location;
 }
 
@@ -337,6 +348,11 @@ Location cookLocation(Session& session, InternedOp& op, std::string_view path) {
         progress.reach(finding.pathLength);
     }
     return cookAside(session, op, path);
+}
+
+Location cookOnceMore(Session& session, InternedOp& op, std::string_view path, Readings& readings) {
+    Slot gone{SlotValue::kGone};
+    return cookClaimed(session, op, gone, path, &readings);
 }
 
 bool findCooked(Session& session, InternedOp& op, std::string_view path, Location& location) {

@@ -10,17 +10,31 @@
 
 #include <cstddef>
 #include <deque>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
+/// A location that an op has read to make one.
+struct Reading {
+    std::shared_ptr<InternedOp> op;
+    std::string path;
+    Location location;
+};
+using Readings = std::vector<Reading>;
+
 /// One location while its op cooks it: what the op may ask, and where it writes.
 class Cook {
 public:
-    Cook(Session& session, InternedOp& op, std::string_view path, LocationPage& page)
-        : session_(session), op_(op), path_(path), page_(page) {}
+    /// Adds what is read to `readings`, when it is not null.
+    Cook(Session& session,
+         InternedOp& op,
+         std::string_view path,
+         LocationPage& page,
+         Readings* readings)
+        : session_(session), op_(op), path_(path), page_(page), readings_(readings) {}
     Cook(const Cook&) = delete;
     Cook& operator=(const Cook&) = delete;
 
@@ -46,6 +60,7 @@ private:
     InternedOp& op_;
     std::string_view path_;
     LocationPage& page_;
+    Readings* readings_;
     std::vector<ForeignRead> reads_;
     std::deque<std::string> readPaths_;
 };
@@ -54,6 +69,11 @@ private:
 /// a cook throws that is no fault of the op (`std::bad_alloc`), and `OpError` where it would wait
 /// for itself.
 Location cookLocation(Session& session, InternedOp& op, std::string_view path);
+
+/// Cooks a location for the caller alone, whether it was cooked before or not, and without those
+/// above it; tells what of what the op reads for it is there, in that order. Throws as
+/// `cookLocation` does.
+Location cookOnceMore(Session& session, InternedOp& op, std::string_view path, Readings& readings);
 
 /// The location when it was cooked before, its absence included; false when it was not. Neither
 /// cooks nor waits.

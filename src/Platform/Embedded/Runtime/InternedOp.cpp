@@ -11,6 +11,17 @@
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
+std::string OpPlace::text() const {
+    if (number == 0) {
+        return file;
+    }
+    std::string text = "op " + std::to_string(number) + " of " + std::to_string(count);
+    if (!name.empty()) {
+        text += " \"" + name + "\"";
+    }
+    return file.empty() ? text : text + " in " + file;
+}
+
 InternedOp::InternedOp(Parts parts) : parts_(std::move(parts)) {
     for (const std::shared_ptr<InternedOp>& input : parts_.inputs) {
         if (input->height_ >= height_) {
@@ -47,7 +58,7 @@ void InternedOp::letInputsGo() noexcept {
 }
 
 std::string InternedOp::report(std::string_view path, const char* reason) {
-    std::string text = parts_.typeName + " (" + parts_.place + "), ";
+    std::string text = parts_.typeName + " (" + parts_.place.text() + "), ";
     text.append(path.empty() ? std::string_view(parts_.at) : path).append(": ").append(reason);
     if (!hasLogged_.exchange(true)) {
         OV_LOG(runtimeLogger(), error, text);

@@ -8,6 +8,7 @@
 #include "Platform/Embedded/Runtime/Slot.h"
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -15,18 +16,29 @@
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
+/// Where an op stands, for people.
+struct OpPlace {
+    std::string name;        ///< As its op tree calls it; can be empty.
+    std::size_t number = 0;  ///< Counted from 1; 0 for an op that another one made for itself.
+    std::size_t count = 0;   ///< The ops of its tree.
+    std::string file;        ///< Empty for a transaction.
+
+    /// `op 3 of 7 "lamps" in room.optree.json`
+    std::string text() const;
+};
+
 /// An op that all runtimes of the process share when type, arguments and inputs are equal, and what
 /// was cooked of it. Ends with the last runtime that has it; what it cooked goes with it. Immutable
 /// but for what it cooks. Any thread.
-class InternedOp {
+class InternedOp : public std::enable_shared_from_this<InternedOp> {
 public:
     using Inputs = std::vector<std::shared_ptr<InternedOp>>;
 
-    /// What one is made of. `place` tells in messages where the op stands.
+    /// What one is made of.
     struct Parts {
         std::string typeName;
         std::uint32_t typeIndex = 0;
-        std::string place;
+        OpPlace place;
         std::string at;                          ///< Where errors of the whole op show.
         std::vector<std::string> argumentKinds;  ///< "int" and so on, without names.
         std::unique_ptr<const OpBody> body;
@@ -41,10 +53,14 @@ public:
 
     const OpBody& body() const { return *parts_.body; }
     const Inputs& inputs() const { return parts_.inputs; }
+    const std::string& typeName() const { return parts_.typeName; }
     std::uint32_t typeIndex() const { return parts_.typeIndex; }
     const OvAttribute::Hash& hash() const { return parts_.hash; }
 
     const std::vector<std::string>& argumentKinds() const { return parts_.argumentKinds; }
+
+    /// Of equal ops, where the first one stands.
+    const OpPlace& place() const { return parts_.place; }
 
     /// Where errors of the whole op show: an absolute path.
     const std::string& placeOfErrors() const { return parts_.at; }

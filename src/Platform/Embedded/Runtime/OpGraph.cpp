@@ -164,7 +164,7 @@ private:
             state.missingInputs.push_back(state.nextInput);
             state.inputs.push_back(emptyOp());
         } else if (states_[input].phase == Phase::Open) {
-            state.fault = "cycle: the op is an input of itself, by " + placeOf(input);
+            state.fault = "cycle: the op is an input of itself, by " + placeOf(input).text();
             state.inputs.push_back(emptyOp());
         } else {
             state.inputs.push_back(ops_[input]);
@@ -226,7 +226,7 @@ private:
                 throw OpError(state.fault);
             }
             checkInputs(type->schema(), state.inputs.size());
-            return type->make(arguments, state.inputs.size(), parts.place);
+            return type->make(arguments, state.inputs.size(), parts.place.text());
         } catch (const OpError& error) {
             return makeFaultyOp(parts.at, error.what());
         }
@@ -248,13 +248,8 @@ private:
         return specs_[place].type.empty() ? "op" : specs_[place].type;
     }
 
-    std::string placeOf(std::size_t place) const {
-        std::string text =
-            "op " + std::to_string(place + 1) + " of " + std::to_string(specs_.size());
-        if (!specs_[place].name.empty()) {
-            text += " \"" + specs_[place].name + "\"";
-        }
-        return origin_.empty() ? text : text + " in " + origin_;
+    OpPlace placeOf(std::size_t place) const {
+        return {specs_[place].name, place + 1, specs_.size(), origin_};
     }
 
     /// Not for an op that another runtime has, and was warned of.
@@ -262,7 +257,7 @@ private:
         for (const std::size_t input : state.missingInputs) {
             OV_LOG(runtimeLogger(),
                    warn,
-                   typeNameOf(place) << " (" << placeOf(place) << "): input " << input
+                   typeNameOf(place) << " (" << placeOf(place).text() << "): input " << input
                                      << " is not there, and reads as an empty scene");
         }
     }
@@ -308,7 +303,7 @@ std::shared_ptr<InternedOp> internBody(const std::string& typeName,
     InternedOp::Parts parts;
     parts.typeName = typeName;
     parts.typeIndex = OpTypeTable::instance().find(typeName).second;
-    parts.place = origin;
+    parts.place.file = origin;
     parts.at = "/root";
     parts.hash = whole.hash();
     parts.body = make();

@@ -39,6 +39,8 @@ using OvAttribute::Attribute;
 using OvAttribute::castAttribute;
 using OvAttribute::GroupAttribute;
 
+constexpr std::int32_t kAnswered = 0;
+
 /// The status of a query whose answer could not be made.
 constexpr std::int32_t kQueryFailed = 2;
 
@@ -159,13 +161,30 @@ std::uint8_t getCachedLocation(OvRuntimeClientStruct* client,
     return 1;
 }
 
+void traceAttribute(OvRuntimeClientStruct* client,
+                    const char* path,
+                    std::int64_t length,
+                    const char* name,
+                    std::int64_t nameLength,
+                    void* context,
+                    OvRuntimeCompletion completion) {
+    std::string answer;
+    try {
+        answer = jsonOf(client->client->trace(viewOf(path, length), viewOf(name, nameLength)));
+    } catch (const std::exception& error) {
+        const std::string_view reason = error.what();
+        return completion(kQueryFailed, reason.data(), reason.size(), context);
+    }
+    completion(kAnswered, answer.data(), answer.size(), context);
+}
+
 const OvRuntimeSuite kSuite = {
     createRuntime, releaseRuntime, createTransaction, releaseTransaction, commit,
     evict,         finalize,       queryRuntimeInfo,  createOp,           releaseOp,
     getOpId,       setOpArgs,      setOpInputs,       deserializeOps,     createClient,
-    releaseClient, setClientOp,    cookLocation,      getCachedLocation,
+    releaseClient, setClientOp,    cookLocation,      getCachedLocation,  traceAttribute,
 };
-static_assert(sizeof(OvRuntimeSuite) == 19 * sizeof(void*));
+static_assert(sizeof(OvRuntimeSuite) == 20 * sizeof(void*));
 
 OvPluginStruct plugin = {
     sizeof(OvPluginStruct),
