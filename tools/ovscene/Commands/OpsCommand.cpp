@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Commands/Commands.h"
 #include "Commands/NearName.h"
-#include "Commands/PluginFolders.h"
 #include "ExitStatus.h"
 #include "Print/JsonOutput.h"
 #include "Print/NumberText.h"
@@ -10,6 +9,7 @@
 #include "Print/Terminal.h"
 #include "Print/WrappedText.h"
 #include "Scene/OpTypes.h"
+#include "Scene/PluginFolders.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Platform/Embedded/Services/Matrix4.h"
+#include <Imath/ImathMatrix.h>
 
 #include <string_view>
 
@@ -10,8 +10,8 @@ namespace Sylvar3::internal::OvSylvarServices::Embedded {
 /// What the children of an "xform" group do whose names begin with `prefix`.
 struct TransformOperation {
     std::string_view prefix;
-    int valueCount;                           ///< How many values it takes, `kMostValues` at most.
-    Matrix4 (*matrix)(const double* values);  ///< Null: it forgets what stands before.
+    int valueCount;  ///< How many values it takes, `kMostValues` at most.
+    Imath::M44d (*matrix)(const double* values);  ///< Null: it forgets what stands before.
 
     static constexpr int kMostValues = 16;
 

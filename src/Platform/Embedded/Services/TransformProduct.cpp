@@ -15,15 +15,15 @@ using OvAttribute::Embedded::newDataValue;
 
 namespace {
 
-constexpr auto kTuple = static_cast<std::int64_t>(kIdentity.size());
+constexpr std::int64_t kTuple = 16;
 
 }  // namespace
 
 TransformProduct::TransformProduct(SampleTimes times)
-    : times_(std::move(times)), matrices_(times_.size(), kIdentity) {}
+    : times_(std::move(times)), matrices_(times_.size()) {}
 
 void TransformProduct::origin() {
-    std::fill(matrices_.begin(), matrices_.end(), kIdentity);
+    std::fill(matrices_.begin(), matrices_.end(), Imath::M44d());
     isIdentity_ = true;
     isAbsolute_ = true;
 }
@@ -48,8 +48,8 @@ void TransformProduct::prepend(const TransformOperation& operation, const DataVa
     double numbers[TransformOperation::kMostValues];
     for (std::size_t i = 0; i < times_.size(); ++i) {
         samples.read(times_[i], numbers, operation.valueCount);
-        const Matrix4 own = operation.matrix(numbers);
-        matrices_[i] = isIdentity_ ? own : product(own, matrices_[i]);
+        const Imath::M44d own = operation.matrix(numbers);
+        matrices_[i] = isIdentity_ ? own : own * matrices_[i];
     }
     isIdentity_ = false;
 }
@@ -64,8 +64,8 @@ TransformMatrix TransformProduct::result() const {
     shape.times = times_.data();
     auto* const value = newDataValue(nullptr, shape);
     auto* out = static_cast<double*>(value->values());
-    for (const Matrix4& matrix : matrices_) {
-        out = std::copy(matrix.begin(), matrix.end(), out);
+    for (const Imath::M44d& matrix : matrices_) {
+        out = std::copy_n(matrix.getValue(), kTuple, out);
     }
     return {DoubleAttribute::adopt(value), isAbsolute_};
 }

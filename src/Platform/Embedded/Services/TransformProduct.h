@@ -3,10 +3,10 @@
 
 #include <SylvarPlatform/XFormUtil.h>
 
-#include "Platform/Embedded/Services/Matrix4.h"
 #include "Platform/Embedded/Services/SampleTimes.h"
 #include "Platform/Embedded/Services/TransformChain.h"
 
+#include <Imath/ImathMatrix.h>
 #include <boost/container/small_vector.hpp>
 
 namespace Sylvar3::internal::OvSylvarServices::Embedded {
@@ -27,7 +27,7 @@ private:
     void prepend(const TransformOperation& operation, const DataValue& values);
 
     SampleTimes times_;
-    boost::container::small_vector<Matrix4, 4> matrices_;
+    boost::container::small_vector<Imath::M44d, 4> matrices_;
     bool isIdentity_ = true;  ///< Nothing has come since the beginning or the last origin.
     bool isAbsolute_ = false;
 };
