@@ -40,8 +40,14 @@ TEST(Fault, ShowsAtRootWhenTheOpIsInNoPlace) {
                 AllOf(HasSubstr("sceen"),
                       HasSubstr("op 1 of 1"),
                       HasSubstr("/root"),
-                      HasSubstr("there is no op type \"sceen\"; did you mean \"scene\"?")));
+                      HasSubstr("there is no op type \"sceen\"")));
     EXPECT_EQ(1, countFrom(*client, "/root"));
+}
+
+TEST(Fault, TellsTheOpTypeThatWasProbablyMeant) {
+    HeardLogs logs;
+    EXPECT_THAT(errorAt(*OpTree().op("a", "scenes").open(), "/root"),
+                HasSubstr("there is no op type \"scenes\"; did you mean \"scene\"?"));
 }
 
 TEST(Fault, IsLoggedOnce) {
