@@ -33,23 +33,35 @@ class Ops(OpTreeCase):
         self.assertEqual(names, shown)
 
     def test_one_op_type_is_explained(self):
+        answer = json.dumps({"opTypes": [{
+            "type": "blur", "about": "Blurs what its patterns match.", "fewestInputs": 1,
+            "mostInputs": 2, "remarks": "The first line,\nand the rest of a paragraph that is longer"
+            " than a line of a terminal, and so is wrapped.\n\nAnother one.", "arguments": [
+                {"name": "paths", "kind": "strings", "isNeeded": True, "default": "",
+                 "about": "Patterns for the paths of the locations."},
+                {"name": "mode", "kind": "string", "isNeeded": False, "default": "replace",
+                 "about": "`replace`: in place of what is there; `merge`: together with what is"
+                          " there already."},
+                {"name": "note", "kind": "string", "isNeeded": False, "default": "", "about": "Any."}]}]})
         self.assertEqual("""\
-setAttributes
+blur
 
-Sets attributes of the locations that its patterns match.
+Blurs what its patterns match.
 
-inputs: 1
+inputs: 1 or 2
 
 argument  kind     default   about
 paths     strings  (needed)  Patterns for the paths of the locations.
-values    group    (needed)  The attributes, by name.
-mode      string   replace   "replace": in place of what is there; "merge": groups are merged with
-                             those that are there; "ifMissing": only where there is none.
+mode      string   replace   `replace`: in place of what is there; `merge`: together with what is
+                             there already.
+note      string             Any.
 
-Locations that no pattern matches are handed on as they are; it makes none. Names are those of the
-location's own attributes: a group replaces a whole group unless the mode is `merge`. A null value
-hides what was there.
-""", self.ok("ops", "setAttributes"))
+The first line, and the rest of a paragraph that is longer than a line of a terminal, and so is
+wrapped.
+
+Another one.
+""", self.ok(*self.of_runtime(answer, "blur")))
+        self.assertRegex(self.ok("ops", "setAttributes"), r"(?m)^paths +strings +\(needed\)  Patterns")
 
     def test_json_tells_one_op_type_or_all(self):
         [load] = self.op_types("load")

@@ -155,7 +155,7 @@ TEST(Trace, OfAMissingAttributeTellsWhereTheLocationComesFrom) {
     }
 }
 
-TEST(Trace, OfAMissingAttributeTellsWhichOpDroppedIt) {
+TEST(Trace, OfAMissingAttributeTellsWhichOpHidIt) {
     const auto client = OpTree()
                             .op("s", "scene", lampScene())
                             .op("set", "setAttributes", settings("replace", "type", {}), {"s"})
@@ -163,13 +163,30 @@ TEST(Trace, OfAMissingAttributeTellsWhichOpDroppedIt) {
                             .open();
     EXPECT_THAT(traceOf(*client, kLamp, "type"),
                 ElementsAre("dropped", "setAttributes 2/3 /root/lamp", "merge 3/3 /root/lamp"));
-    const auto merged =
+}
+
+TEST(Trace, OfAMissingAttributeTellsWhichOpDeletedIt) {
+    const auto client = OpTree()
+                            .op("s", "scene", lampScene())
+                            .op("delete",
+                                "deleteAttributes",
+                                Args().set("paths", kLamp).set("names", "light.color"),
+                                {"s"})
+                            .open();
+    EXPECT_THAT(traceOf(*client, kLamp, "light.color"),
+                ElementsAre("dropped", "deleteAttributes 2/2 /root/lamp"));
+    EXPECT_THAT(traceOf(*client, kLamp, "light.exposure"),
+                ElementsAre(kGivenByScene, "deleteAttributes 2/2 /root/lamp"));
+}
+
+TEST(Trace, OfAMissingAttributeTellsWhichMergeLeftItOut) {
+    const auto client =
         OpTree()
             .op("a", "scene", sceneArguments(StaticScene().set("/root/a", "of", 1)))
             .op("b", "scene", sceneArguments(StaticScene().set("/root/a", "more", 2)))
             .op("m", "merge", GroupAttribute(), {"a", "b"})
             .open();
-    EXPECT_THAT(traceOf(*merged, "/root/a", "more"), ElementsAre("dropped", "merge 3/3 /root/a"));
+    EXPECT_THAT(traceOf(*client, "/root/a", "more"), ElementsAre("dropped", "merge 3/3 /root/a"));
 }
 
 TEST(Trace, OfALocationThatIsNotThereIsEmpty) {
