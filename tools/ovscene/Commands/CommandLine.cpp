@@ -68,7 +68,7 @@ void addCommands(CLI::App& app, Output& output, ServiceOptions& services) {
     addWalkCommand(app, output);
     addConvertCommand(app, output);
     addWhyCommand(app, output);
-    addOpsCommand(app, output, services);
+    addOpsCommand(app, output);
     for (CLI::App* command : app.get_subcommands({})) {
         command->group("Commands");
         command->fallthrough();  // the program's own options may stand behind the command too

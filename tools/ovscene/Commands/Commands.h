@@ -16,6 +16,6 @@ void addStatsCommand(CLI::App& app, Output& output);
 void addWalkCommand(CLI::App& app, Output& output);
 void addConvertCommand(CLI::App& app, Output& output);
 void addWhyCommand(CLI::App& app, Output& output);
-void addOpsCommand(CLI::App& app, Output& output, const ServiceOptions& services);
+void addOpsCommand(CLI::App& app, Output& output);
 
 }  // namespace ovscene

@@ -193,8 +193,8 @@ OpTypeList chosen(OpTypeList types, const std::string& name) {
     return {std::move(*found)};
 }
 
-void runOps(const OpsOptions& options, const ServiceOptions& services, Output& output) {
-    searchPlugins(services.plugins);
+void runOps(const OpsOptions& options, Output& output) {
+    searchPlugins();
     std::optional<OpTypeList> all = opTypes();
     logUnusablePlugins();
     if (!all) {
@@ -212,7 +212,7 @@ void runOps(const OpsOptions& options, const ServiceOptions& services, Output& o
 
 }  // namespace
 
-void addOpsCommand(CLI::App& app, Output& output, const ServiceOptions& services) {
+void addOpsCommand(CLI::App& app, Output& output) {
     const auto options = std::make_shared<OpsOptions>();
     CLI::App* command = app.add_subcommand("ops", "Lists the op types, and explains each");
     command->add_option("NAME", options->name, "An op type; all of them without one");
@@ -221,7 +221,7 @@ void addOpsCommand(CLI::App& app, Output& output, const ServiceOptions& services
         "Examples:\n"
         "  ovscene ops\n"
         "  ovscene ops setAttributes");
-    command->callback([options, &output, &services] { runOps(*options, services, output); });
+    command->callback([options, &output] { runOps(*options, output); });
 }
 
 }  // namespace ovscene

@@ -21,7 +21,7 @@ static_assert(kAnyNumberOfInputs == OV_OP_ANY_NUMBER_OF_INPUTS);
 
 namespace {
 
-constexpr std::array<std::string_view, 7> kKinds =
+constexpr std::array<std::string_view, 8> kKinds =
     {"int", "ints", "number", "numbers", "string", "strings", "group", "group or string"};
 
 constexpr std::array<std::string_view, 2> kArgumentsOfEveryOp = {"enabled", "note"};
