@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/AttributeFile.h>
 #include <SylvarPlatform/Configuration.h>
+#include <SylvarPlatform/PluginManager.h>
 
 #include "support/HeardLogs.h"
 #include "support/OpTree.h"
@@ -15,18 +16,21 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <sstream>
 #include <string>
 #include <vector>
 
 using namespace ovtest;
 using namespace Sylvar3::internal::OvAttribute;
+using Sylvar3::internal::OvPluginManager::PluginManager;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
 namespace {
 
 const std::string kSource = OV_TEST_SOURCE_DIR;
+const std::string kModels = "/usr/share/assimp/models";  // Debian's package assimp-testmodels
 
 std::string contentOf(const std::string& file) {
     std::ostringstream content;
@@ -68,7 +72,7 @@ std::shared_ptr<SylvarRuntime::Client> open(const std::string& text) {
 }
 
 /// Examples find one another's files in the folder of scenes, and the asset that the demo imports
-/// in a folder with a small one of that name.
+/// in a folder with a small one of that name. Those of the op import need its plug-in and models.
 class OpExamples : public testing::Test {
 protected:
     OpExamples() {
@@ -79,9 +83,13 @@ protected:
                                      AttributeContent::StaticScene,
                                      AttributeForm::Binary,
                                      folder + "/asset.optree"));
-        settings().set("SYLVAR_ASSET_PATH", kSource + "/scenes:" + folder);
+        settings().set("SYLVAR_ASSET_PATH", kSource + "/scenes:" + folder + ":" + kModels);
+        PluginManager::setSearchDirectories({OV_TEST_PLUGIN_DIR});
     }
-    ~OpExamples() override { settings().unset("SYLVAR_ASSET_PATH"); }
+    ~OpExamples() override {
+        settings().unset("SYLVAR_ASSET_PATH");
+        PluginManager::setSearchDirectories({});
+    }
 
     static Sylvar3::OvConfiguration::v1::Configuration& settings() {
         return *Sylvar3::OvConfiguration::v1::Config();
@@ -89,6 +97,11 @@ protected:
 };
 
 void expectToWork(const std::string& text) {
+    if (text.find("\"opType\": \"import\"") != std::string::npos &&
+        !std::filesystem::exists(kModels)) {
+        std::cout << "Not tried without assimp-testmodels: " << text << '\n';
+        return;
+    }
     HeardLogs logs;
     const auto client = open(text);
     int count = 0;

@@ -2,6 +2,7 @@
 #include "Platform/Embedded/Services/TransformOperation.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Sylvar3::internal::OvSylvarServices::Embedded {
 
@@ -20,9 +21,11 @@ Imath::M44d translationOf(const double* values) {
 /// An angle in degrees and an axis of any length; about one of length 0 nothing turns.
 Imath::M44d rotationOf(const double* values) {
     const Imath::V3d axis = vectorOf(values + 1);
-    return axis == Imath::V3d(0.0)
-               ? Imath::M44d()
-               : Imath::M44d().setAxisAngle(axis, values[0] * kRadiansPerDegree);
+    const double longest = std::max({std::abs(axis.x), std::abs(axis.y), std::abs(axis.z)});
+    if (longest == 0.0) {
+        return {};
+    }
+    return Imath::M44d().setAxisAngle(axis / longest, values[0] * kRadiansPerDegree);
 }
 
 Imath::M44d scalingOf(const double* values) {
