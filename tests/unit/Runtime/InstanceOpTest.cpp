@@ -95,6 +95,12 @@ TEST(Instance, TakesOneScaleForEach) {
     EXPECT_EQ(5, doublesAt(*client, "/root/wood/i1", "xform.matrix").at(10));
 }
 
+TEST(Instance, TakesOneScaleForAll) {
+    const auto client = instance(twoTrees().set("scales", doubles({3})));
+    EXPECT_EQ(3, doublesAt(*client, "/root/wood/i0", "xform.matrix").at(0));
+    EXPECT_EQ(3, doublesAt(*client, "/root/wood/i1", "xform.matrix").at(10));
+}
+
 TEST(Instance, TurnsByOrientationsOfAnyLength) {
     const auto client = instance(Args()
                                      .set("prototypes", "/root/rock")

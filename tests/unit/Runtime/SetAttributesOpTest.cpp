@@ -81,6 +81,14 @@ TEST(SetAttributes, HandsOnTheVeryLocationsThatItDoesNotMatch) {
               client->cookLocation("/root/b/lamp2").getAttrs().handle());
 }
 
+TEST(SetAttributes, HandsOnTheVeryLocationsThatMissNothing) {
+    const GroupAttribute there = GroupBuilder().set("x", IntAttribute(9)).build();
+    const auto client = open({"/root/a"}, there, "ifMissing");
+    const auto plain = open({}, there, "ifMissing");
+    EXPECT_EQ(plain->cookLocation("/root/a").getAttrs().handle(),
+              client->cookLocation("/root/a").getAttrs().handle());
+}
+
 TEST(SetAttributes, LeavesGroupInheritAsItWas) {
     for (const bool inherits : {false, true}) {
         const GroupAttribute attributes({{"x", IntAttribute(1)}}, inherits);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Arguments.h"
 #include "Platform/Embedded/Ops/AttributeAssignment.h"
+#include "Platform/Embedded/Ops/LocationChange.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Ops/PathPatterns.h"
 #include "Platform/Embedded/Runtime/AttributeEdit.h"
@@ -39,8 +40,7 @@ public:
         const Location source = material_.group ? Location() : cook.input(0, material_.path);
         AttributeEdit attributes(input);
         assign(attributes, kMaterial, materialOf(source), mode_, out);
-        out.setAttributes(attributes.write(out, input.attributes()->inherits()));
-        out.setChildrenOf(input);
+        writeWithAttributes(input, attributes.write(out), out);
     }
 
 private:
@@ -85,7 +85,8 @@ private:
         "Sets the material of the locations that its patterns match.",
         "Locations below inherit it, so that one at the top of a model is enough. A material that "
         "stands in the arguments is one value that all locations share, as is that of another "
-        "location of the input.",
+        "location of the input. What later ops do to the location they do to its material: a merge "
+        "takes it from the first input that has the location.",
         1,
         1,
         {

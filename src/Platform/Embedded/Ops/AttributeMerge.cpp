@@ -22,12 +22,10 @@ GroupValue* merge(GroupValue& over, const GroupValue& under, LocationWriter& out
                       " levels deep, and cannot be merged");
     }
     AttributeEdit merged(over);
-    bool isChanged = false;
     for (std::int64_t i = 0; i < under.size(); ++i) {
         const std::string_view name = under.shape->name(i);
         if (!merged.has(name)) {
             merged.set(name, under[i]);
-            isChanged = true;
             continue;
         }
         GroupValue* const nearer = asGroup(merged.find(name));
@@ -35,11 +33,9 @@ GroupValue* merge(GroupValue& over, const GroupValue& under, LocationWriter& out
         if (nearer && farther && nearer != farther) {
             GroupValue* const both = merge(*nearer, *farther, out, depth + 1);
             merged.set(name, both);
-            isChanged |= both != nearer;
         }
     }
-    return isChanged ? merged.write(out, over.inherits())
-                     : static_cast<GroupValue*>(out.keep(over));
+    return merged.write(out);
 }
 
 }  // namespace

@@ -8,7 +8,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
+#include <utility>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
@@ -68,17 +70,19 @@ Outcome match(const Open& names, std::size_t depth, std::string_view child) {
     return outcome;
 }
 
-// NOLINTNEXTLINE(misc-no-recursion): as deep as a name has pieces, and no deeper.
-bool matchAnyOf(const Open& names, std::size_t depth, const GroupValue& group) {
-    for (std::int64_t i = 0; i < group.size(); ++i) {
-        const Outcome outcome = match(names, depth, group.shape->name(i));
-        const GroupValue* const child = asGroup(group[i]);
-        if (outcome.isMatched ||
-            (child && !outcome.further.empty() && matchAnyOf(outcome.further, depth + 1, *child))) {
-            return true;
-        }
+/// The children of a group that stay.
+struct Rest {
+    bool isChanged = false;
+    boost::container::small_vector<std::pair<std::int64_t, LocationWriter::Value*>, 24> values{};
+};
+
+GroupValue* write(const Rest& rest, const GroupValue& group, LocationWriter& out) {
+    AttributeEdit edit;
+    for (const auto& [place, value] : rest.values) {
+        edit.set(group.shape->name(place), value);
     }
-    return false;
+    edit.setGroupInherit(group.inherits());
+    return edit.write(out);
 }
 
 // NOLINTNEXTLINE(misc-no-recursion): as deep as a name has pieces, and no deeper.
@@ -86,21 +90,20 @@ GroupValue* withoutThose(const Open& names,
                          std::size_t depth,
                          GroupValue& group,
                          LocationWriter& out) {
-    AttributeEdit rest;
-    bool isChanged = false;
+    Rest rest;
     for (std::int64_t i = 0; i < group.size(); ++i) {
         const Outcome outcome = match(names, depth, group.shape->name(i));
-        GroupValue* const child = asGroup(group[i]);
-        LocationWriter::Value* value = group[i];
-        if (child && !outcome.further.empty() && !outcome.isMatched) {
-            value = withoutThose(outcome.further, depth + 1, *child, out);
+        if (outcome.isMatched) {
+            rest.isChanged = true;
+            continue;
         }
-        isChanged |= outcome.isMatched || value != group[i];
-        if (!outcome.isMatched) {
-            rest.set(group.shape->name(i), value);
-        }
+        GroupValue* const child = outcome.further.empty() ? nullptr : asGroup(group[i]);
+        LocationWriter::Value* const value =
+            child ? withoutThose(outcome.further, depth + 1, *child, out) : group[i];
+        rest.isChanged |= value != group[i];
+        rest.values.emplace_back(i, value);
     }
-    return isChanged ? rest.write(out, group.inherits()) : &group;
+    return rest.isChanged ? write(rest, group, out) : &group;
 }
 
 }  // namespace
@@ -113,14 +116,6 @@ AttributeNamePatterns::AttributeNamePatterns(const std::vector<std::string>& nam
             throw OpError("attribute name \"" + name + "\": " + error.what());
         }
     }
-}
-
-bool AttributeNamePatterns::matchAny(const GroupValue& attributes) const {
-    Open all;
-    for (const Pieces& pieces : names_) {
-        all.push_back(&pieces);
-    }
-    return matchAnyOf(all, 0, attributes);
 }
 
 GroupValue* AttributeNamePatterns::without(GroupValue& attributes, LocationWriter& out) const {

@@ -17,11 +17,8 @@ public:
     /// Throws `OpError` with the name and what is wrong with it.
     explicit AttributeNamePatterns(const std::vector<std::string>& names);
 
-    /// Whether the group has an attribute of any of the names.
-    bool matchAny(const GroupValue& attributes) const;
-
-    /// The group without the attributes of these names. Groups that lose nothing are kept as they
-    /// are.
+    /// The group without the attributes of these names; the very same, not kept, when it has none
+    /// of them.
     GroupValue* without(GroupValue& attributes, LocationWriter& out) const;
 
     /// One of these patterns.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Arguments.h"
 #include "Platform/Embedded/Ops/AttributeNamePatterns.h"
+#include "Platform/Embedded/Ops/LocationChange.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Ops/PathPatterns.h"
 #include "Platform/Embedded/Runtime/Cook.h"
@@ -21,12 +22,10 @@ public:
 
     void cook(Cook& cook, LocationWriter& out) const override {
         const Location input = cook.input(0);
-        if (!input.exists() || !paths_.matches(cook.path()) ||
-            !names_.matchAny(*input.attributes())) {
+        if (!input.exists() || !paths_.matches(cook.path())) {
             return out.pass(input);
         }
-        out.setAttributes(names_.without(*input.attributes(), out));
-        out.setChildrenOf(input);
+        writeWithAttributes(input, names_.without(*input.attributes(), out), out);
     }
 
 private:

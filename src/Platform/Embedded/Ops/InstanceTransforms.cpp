@@ -66,20 +66,21 @@ void InstanceTransforms::readParts(const Arguments& arguments) {
     positions_ = arguments.getNumbers("positions", 3, true);
     times_ = positions_;
     count_ = positions_.size() / 3;
-    orientations_ = readPart(arguments, "orientations", 4);
-    const bool isUniform = arguments.getNumbers("scales", 1, true).size() == count_;
-    scales_ = readPart(arguments, "scales", isUniform ? 1 : 3);
+    orientations_ = readPart(arguments, "orientations", 4, count_);
+    const std::size_t scaleCount = arguments.getNumbers("scales", 1, true).size();
+    const bool isUniform = scaleCount == 1 || scaleCount == count_;
+    scales_ = readPart(arguments, "scales", isUniform ? 1 : 3, isUniform ? scaleCount : count_);
 }
 
 NumberList InstanceTransforms::readPart(const Arguments& arguments,
                                         const char* name,
-                                        std::size_t size) {
+                                        std::size_t size,
+                                        std::size_t count) {
     NumberList numbers = arguments.getNumbers(name, 1, true);
-    if (!numbers.isEmpty() && numbers.size() != size * count_) {
+    if (!numbers.isEmpty() && numbers.size() != size * count) {
         Arguments::fail(name,
-                        std::to_string(size) + " numbers for each of the " +
-                            std::to_string(count_) + " positions, found " +
-                            std::to_string(numbers.size()));
+                        std::to_string(size) + " numbers for each of the " + std::to_string(count) +
+                            " positions, found " + std::to_string(numbers.size()));
     }
     if (numbers.sampleCount() > 1 && times_.sampleCount() > 1 && !haveSameTimes(numbers, times_)) {
         Arguments::fail(name, "one sample, or samples at the times of the others");
@@ -110,6 +111,9 @@ Imath::M44d InstanceTransforms::matrixOf(std::size_t instance, std::size_t sampl
 }
 
 Imath::V3d InstanceTransforms::scaleAt(std::size_t sample, std::size_t instance) const {
+    if (scales_.size() == 1) {
+        return Imath::V3d(scales_.at(sample, 0));
+    }
     return scales_.size() == count_ ? Imath::V3d(scales_.at(sample, instance))
                                     : vectorAt(scales_, sample, instance);
 }

@@ -27,7 +27,10 @@ public:
 private:
     void readMatrices(const Arguments& arguments);
     void readParts(const Arguments& arguments);
-    NumberList readPart(const Arguments& arguments, const char* name, std::size_t size);
+    NumberList readPart(const Arguments& arguments,
+                        const char* name,
+                        std::size_t size,
+                        std::size_t count);
     Imath::M44d matrixOf(std::size_t instance, std::size_t sample) const;
     Imath::V3d scaleAt(std::size_t sample, std::size_t instance) const;
 

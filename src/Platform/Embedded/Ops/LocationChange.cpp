@@ -29,12 +29,21 @@ void writeWithChildren(const Location& location,
     out.setChildren(names);
 }
 
+void writeWithAttributes(const Location& location,
+                         LocationWriter::GroupValue* attributes,
+                         LocationWriter& out) {
+    if (attributes == location.attributes()) {
+        return out.pass(location);
+    }
+    out.setAttributes(attributes);
+    out.setChildrenOf(location);
+}
+
 void writeMoved(const Location& location, LocationWriter::Value* matrix, LocationWriter& out) {
     AttributeEdit attributes(location);
     const GroupValue* const own = asGroup(attributes.find(kTransform));
     attributes.set(kTransform, transformWithin(own, {{"matrix", matrix}}, out));
-    out.setAttributes(attributes.write(out, location.attributes()->inherits()));
-    out.setChildrenOf(location);
+    writeWithAttributes(location, attributes.write(out), out);
 }
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

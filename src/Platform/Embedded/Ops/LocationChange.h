@@ -15,6 +15,12 @@ void writeWithChildren(const Location& location,
                        const std::vector<std::string_view>& added,
                        LocationWriter& out);
 
+/// Writes a location, which must be there, with these attributes, made here or kept; hands it on
+/// when they are its own. May throw `std::bad_alloc`.
+void writeWithAttributes(const Location& location,
+                         LocationWriter::GroupValue* attributes,
+                         LocationWriter& out);
+
 /// Writes a location, which must be there, with a matrix that acts after its own transform. All
 /// else is shared with it. May throw `std::bad_alloc`.
 void writeMoved(const Location& location, LocationWriter::Value* matrix, LocationWriter& out);

@@ -3,6 +3,7 @@
 
 #include "Platform/Embedded/Ops/Arguments.h"
 #include "Platform/Embedded/Ops/AttributeAssignment.h"
+#include "Platform/Embedded/Ops/LocationChange.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Runtime/AttributeEdit.h"
 #include "Platform/Embedded/Runtime/Cook.h"
@@ -30,8 +31,7 @@ public:
         }
         AttributeEdit attributes(input);
         assign(attributes, "renderSettings", settings_.handle(), AssignmentMode::Merge, out);
-        out.setAttributes(attributes.write(out, input.attributes()->inherits()));
-        out.setChildrenOf(input);
+        writeWithAttributes(input, attributes.write(out), out);
     }
 
 private:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Arguments.h"
 #include "Platform/Embedded/Ops/AttributeAssignment.h"
+#include "Platform/Embedded/Ops/LocationChange.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Ops/PathPatterns.h"
 #include "Platform/Embedded/Runtime/AttributeEdit.h"
@@ -32,8 +33,7 @@ public:
         for (std::int64_t i = 0; i < values.size(); ++i) {
             assign(attributes, values.shape->name(i), values[i], mode_, out);
         }
-        out.setAttributes(attributes.write(out, input.attributes()->inherits()));
-        out.setChildrenOf(input);
+        writeWithAttributes(input, attributes.write(out), out);
     }
 
 private:

@@ -53,7 +53,8 @@ GroupValue* transformWithin(const GroupValue* inner,
     if (inner) {
         copy(*inner, origin, inner->size(), edit);
     }
-    return edit.write(out, inner && inner->inherits());
+    edit.setGroupInherit(inner && inner->inherits());
+    return edit.write(out);
 }
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

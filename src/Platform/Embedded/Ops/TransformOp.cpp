@@ -2,6 +2,7 @@
 #include <SylvarPlatform/GroupBuilder.h>
 
 #include "Platform/Embedded/Ops/Arguments.h"
+#include "Platform/Embedded/Ops/LocationChange.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Ops/PathPatterns.h"
 #include "Platform/Embedded/Ops/TransformEdit.h"
@@ -39,8 +40,7 @@ public:
         const bool isAdded = mode_ == Mode::Add && present;
         attributes.set(kTransform,
                        isAdded ? transformWithin(present, children(), out) : transform_.handle());
-        out.setAttributes(attributes.write(out, input.attributes()->inherits()));
-        out.setChildrenOf(input);
+        writeWithAttributes(input, attributes.write(out), out);
     }
 
 private:

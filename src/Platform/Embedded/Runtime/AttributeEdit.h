@@ -7,6 +7,7 @@
 
 #include <boost/container/small_vector.hpp>
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -26,7 +27,7 @@ public:
     explicit AttributeEdit(const Location& location);
 
     /// Begins with the children of a group.
-    explicit AttributeEdit(const GroupValue& group);
+    explicit AttributeEdit(GroupValue& group);
 
     void set(std::string_view name, Value* value);
 
@@ -34,16 +35,21 @@ public:
     Value* find(std::string_view name) const;
     bool has(std::string_view name) const;
 
-    /// The group of all of them.
-    GroupValue* write(LocationWriter& out, bool inherits = false) const;
+    /// Group inherit is that of the group that it began with, or off.
+    void setGroupInherit(bool inherits) { inherits_ = inherits; }
+
+    /// The group of all of them; the very one that it began with when nothing was changed.
+    GroupValue* write(LocationWriter& out) const;
 
 private:
-    using Shape = OvAttribute::Embedded::Shape;
-
     std::int64_t placeOf(std::string_view name) const;
     void takeNames();
+    bool isOfBase(std::size_t place) const;
+    bool isBase() const;
 
-    const Shape* shape_ = nullptr;  ///< The names, as long as they are those of one group.
+    GroupValue* base_ = nullptr;
+    bool inherits_ = false;
+    bool hasNewNames_ = true;  ///< Otherwise the names are those of the base.
     OvAttribute::Embedded::NameList names_;
     boost::container::small_vector<Value*, 24> values_;
 };
