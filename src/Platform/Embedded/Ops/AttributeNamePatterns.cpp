@@ -10,7 +10,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <utility>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
@@ -70,40 +69,22 @@ Outcome match(const Open& names, std::size_t depth, std::string_view child) {
     return outcome;
 }
 
-/// The children of a group that stay.
-struct Rest {
-    bool isChanged = false;
-    boost::container::small_vector<std::pair<std::int64_t, LocationWriter::Value*>, 24> values{};
-};
-
-GroupValue* write(const Rest& rest, const GroupValue& group, LocationWriter& out) {
-    AttributeEdit edit;
-    for (const auto& [place, value] : rest.values) {
-        edit.set(group.shape->name(place), value);
-    }
-    edit.setGroupInherit(group.inherits());
-    return edit.write(out);
-}
-
 // NOLINTNEXTLINE(misc-no-recursion): as deep as a name has pieces, and no deeper.
 GroupValue* withoutThose(const Open& names,
                          std::size_t depth,
                          GroupValue& group,
                          LocationWriter& out) {
-    Rest rest;
+    AttributeEdit rest(group);
     for (std::int64_t i = 0; i < group.size(); ++i) {
-        const Outcome outcome = match(names, depth, group.shape->name(i));
+        const std::string_view name = group.shape->name(i);
+        const Outcome outcome = match(names, depth, name);
         if (outcome.isMatched) {
-            rest.isChanged = true;
-            continue;
+            rest.remove(name);
+        } else if (GroupValue* const child = asGroup(group[i]); child && !outcome.further.empty()) {
+            rest.set(name, withoutThose(outcome.further, depth + 1, *child, out));
         }
-        GroupValue* const child = outcome.further.empty() ? nullptr : asGroup(group[i]);
-        LocationWriter::Value* const value =
-            child ? withoutThose(outcome.further, depth + 1, *child, out) : group[i];
-        rest.isChanged |= value != group[i];
-        rest.values.emplace_back(i, value);
     }
-    return rest.isChanged ? write(rest, group, out) : &group;
+    return rest.write(out);
 }
 
 }  // namespace

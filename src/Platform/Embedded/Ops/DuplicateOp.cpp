@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Arguments.h"
 #include "Platform/Embedded/Ops/LocationChange.h"
+#include "Platform/Embedded/Ops/MatrixPowers.h"
 #include "Platform/Embedded/Ops/MatrixValue.h"
 #include "Platform/Embedded/Ops/NumberedNames.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
@@ -23,7 +25,11 @@ public:
         : source_(std::move(source)),
           parent_(source_, 0, source_.rfind('/')),
           copies_(std::move(copies)),
-          matrices_(std::move(matrices)) {}
+          matrices_(std::move(matrices)) {
+        for (std::size_t i = 0; isStep() && i < matrices_.sampleCount(); ++i) {
+            steps_.emplace_back(matrixAt(matrices_, i, 0), copies_.count());
+        }
+    }
 
     void cook(Cook& cook, LocationWriter& out) const override {
         const std::string_view path = cook.path();
@@ -62,17 +68,19 @@ private:
     }
 
     LocationWriter::Value* matrixOf(std::size_t copy, LocationWriter& out) const {
-        const bool isStep = matrices_.size() == kMatrixSize;
         return addMatrix(matrices_, out, [&](std::size_t sample) {
-            return isStep ? power(matrixAt(matrices_, sample, 0), copy + 1)
-                          : matrixAt(matrices_, sample, copy);
+            return isStep() ? steps_[sample][copy + 1] : matrixAt(matrices_, sample, copy);
         });
     }
+
+    /// Whether there is one matrix, from each copy to the next.
+    bool isStep() const { return matrices_.size() == kMatrixSize; }
 
     std::string source_;
     const std::string parent_;
     const NumberedNames copies_;
     const NumberList matrices_;
+    std::vector<MatrixPowers> steps_;  ///< One for each sample.
 };
 
 std::string nameOf(const std::string& path) {

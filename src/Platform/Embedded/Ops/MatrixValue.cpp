@@ -11,15 +11,4 @@ Imath::M44d matrixAt(const NumberList& matrices, std::size_t sample, std::size_t
     return matrix;
 }
 
-Imath::M44d power(Imath::M44d matrix, std::size_t exponent) {
-    Imath::M44d result;
-    for (; exponent > 0; exponent /= 2) {
-        if (exponent % 2 == 1) {
-            result *= matrix;
-        }
-        matrix *= matrix;
-    }
-    return result;
-}
-
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

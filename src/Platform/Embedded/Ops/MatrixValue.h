@@ -17,9 +17,6 @@ constexpr std::size_t kMatrixSize = 16;
 /// The matrix at a place in a list of matrices.
 Imath::M44d matrixAt(const NumberList& matrices, std::size_t sample, std::size_t place);
 
-/// The product of that many equal matrices.
-Imath::M44d power(Imath::M44d matrix, std::size_t exponent);
-
 /// A new value with the samples of `times`: `matrixOf(sample)` is the `Imath::M44d` of each.
 template <class MatrixOf>
 LocationWriter::Value* addMatrix(const NumberList& times, LocationWriter& out, MatrixOf matrixOf) {

@@ -22,27 +22,47 @@ AttributeEdit::AttributeEdit(GroupValue& group)
       values_(std::as_const(group).begin(), std::as_const(group).end()) {}
 
 void AttributeEdit::set(std::string_view name, Value* value) {
+    std::int64_t place = placeOf(name);
+    if (place < 0) {
+        takeNames();
+        place = names_.add(name);
+        values_.push_back(nullptr);
+    }
+    const auto index = static_cast<std::size_t>(place);
+    values_[index] = value;
+    if (isGone(index)) {
+        isGone_[index] = false;
+    }
+}
+
+void AttributeEdit::remove(std::string_view name) {
     const std::int64_t place = placeOf(name);
     if (place >= 0) {
-        values_[static_cast<std::size_t>(place)] = value;
-        return;
+        isGone_.resize(values_.size(), false);
+        isGone_[static_cast<std::size_t>(place)] = true;
     }
-    takeNames();
-    names_.add(name);
-    values_.push_back(value);
 }
 
 Values::Value* AttributeEdit::find(std::string_view name) const {
-    const std::int64_t place = placeOf(name);
-    return place < 0 ? nullptr : values_[static_cast<std::size_t>(place)];
+    return has(name) ? values_[static_cast<std::size_t>(placeOf(name))] : nullptr;
 }
 
 bool AttributeEdit::has(std::string_view name) const {
-    return placeOf(name) >= 0;
+    const std::int64_t place = placeOf(name);
+    return place >= 0 && !isGone(static_cast<std::size_t>(place));
 }
 
 std::int64_t AttributeEdit::placeOf(std::string_view name) const {
     return hasNewNames_ ? names_.find(name) : base_->shape->find(name);
+}
+
+std::string_view AttributeEdit::nameAt(std::size_t place) const {
+    const auto index = static_cast<std::int64_t>(place);
+    return hasNewNames_ ? names_[index] : base_->shape->name(index);
+}
+
+bool AttributeEdit::isGone(std::size_t place) const {
+    return place < isGone_.size() && isGone_[place];
 }
 
 void AttributeEdit::takeNames() {
@@ -61,7 +81,7 @@ bool AttributeEdit::isOfBase(std::size_t place) const {
 }
 
 bool AttributeEdit::isBase() const {
-    return base_ && !hasNewNames_ && inherits_ == base_->inherits() &&
+    return base_ && !hasNewNames_ && isGone_.empty() && inherits_ == base_->inherits() &&
            std::equal(values_.begin(), values_.end(), base_->begin());
 }
 
@@ -70,20 +90,29 @@ Values::GroupValue* AttributeEdit::write(LocationWriter& out) const {
     if (base_) {
         out.keep(*base_);
     }
-    if (isBase()) {
-        return base_;
-    }
+    return isBase() ? base_ : writeAll(out);
+}
+
+Values::GroupValue* AttributeEdit::writeAll(LocationWriter& out) const {
+    const bool hasAll = isGone_.empty();
     boost::container::small_vector<Value*, 24> kept;
+    Values::NameList rest;
     for (std::size_t i = 0; i < values_.size(); ++i) {
+        if (isGone(i)) {
+            continue;
+        }
         Value* const value = values_[i];
         kept.push_back(value && !isOfBase(i) ? out.keep(*value) : value);
+        if (!hasAll) {
+            rest.add(nameAt(i));
+        }
     }
-    if (!hasNewNames_) {
+    if (hasAll && !hasNewNames_) {
         return out.addGroup(*base_->shape, kept.data(), inherits_);
     }
     const auto letGo = [](const Values::Shape* shape) { shape->release(); };
-    const std::unique_ptr<const Values::Shape, decltype(letGo)> shape(Values::Shape::of(names_),
-                                                                      letGo);
+    const std::unique_ptr<const Values::Shape, decltype(letGo)> shape(
+        Values::Shape::of(hasAll ? names_ : rest), letGo);
     return out.addGroup(*shape, kept.data(), inherits_);
 }
 

@@ -31,6 +31,8 @@ public:
 
     void set(std::string_view name, Value* value);
 
+    void remove(std::string_view name);
+
     /// Null when there is none of that name, or when it is null.
     Value* find(std::string_view name) const;
     bool has(std::string_view name) const;
@@ -43,15 +45,19 @@ public:
 
 private:
     std::int64_t placeOf(std::string_view name) const;
+    std::string_view nameAt(std::size_t place) const;
+    bool isGone(std::size_t place) const;
     void takeNames();
     bool isOfBase(std::size_t place) const;
     bool isBase() const;
+    GroupValue* writeAll(LocationWriter& out) const;
 
     GroupValue* base_ = nullptr;
     bool inherits_ = false;
     bool hasNewNames_ = true;  ///< Otherwise the names are those of the base.
     OvAttribute::Embedded::NameList names_;
     boost::container::small_vector<Value*, 24> values_;
+    boost::container::small_vector<bool, 24> isGone_;  ///< Empty while nothing was removed.
 };
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

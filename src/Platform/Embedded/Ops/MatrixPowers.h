@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <Imath/ImathMatrix.h>
+
+#include <cstddef>
+#include <vector>
+
+namespace Sylvar3::internal::OvSylvar::Embedded {
+
+/// Products of equal matrices. Immutable; any thread.
+class MatrixPowers {
+public:
+    /// Those of up to `most` factors.
+    MatrixPowers(const Imath::M44d& matrix, std::size_t most) : squares_{matrix} {
+        for (std::size_t rest = most / 2; rest > 0; rest /= 2) {
+            squares_.push_back(squares_.back() * squares_.back());
+        }
+    }
+
+    /// The product of that many factors; of none, the identity.
+    Imath::M44d operator[](std::size_t exponent) const {
+        Imath::M44d product;
+        for (std::size_t i = 0; exponent > 0; ++i, exponent /= 2) {
+            if (exponent % 2 == 1) {
+                product *= squares_[i];
+            }
+        }
+        return product;
+    }
+
+private:
+    std::vector<Imath::M44d> squares_;  ///< Of 1, 2, 4, ... factors.
+};
+
+}  // namespace Sylvar3::internal::OvSylvar::Embedded
