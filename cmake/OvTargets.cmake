@@ -108,10 +108,11 @@ function(ov_link_libraries target internals)
   endif()
 endfunction()
 
-# ov_test(<name> [INTERNALS] [LINK <targets>] <sources...>): one test program; its label is the folder of
-# tests/ that it stands in.  What stands in tests/unit, or says INTERNALS, sees the private headers.
+# ov_test(<name> [INTERNALS] [AS_ONE] [LINK <targets>] <sources...>): one test program; its label is the folder
+# of tests/ that it stands in.  What stands in tests/unit, or says INTERNALS, sees the private headers.  Each
+# test of it is one for ctest, or with AS_ONE, when they share long work, all of them together.
 function(ov_test name)
-  cmake_parse_arguments(arg "INTERNALS" "" "LINK" ${ARGN})
+  cmake_parse_arguments(arg "INTERNALS;AS_ONE" "" "LINK" ${ARGN})
   file(RELATIVE_PATH place "${PROJECT_SOURCE_DIR}/tests" "${CMAKE_CURRENT_SOURCE_DIR}")
   string(REGEX REPLACE "/.*" "" label "${place}")
   if(label STREQUAL "unit")
@@ -128,8 +129,13 @@ function(ov_test name)
   if(TARGET AssimpImport)
     add_dependencies(${target} AssimpImport)
   endif()
-  gtest_discover_tests(${target} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-    PROPERTIES LABELS ${label} TIMEOUT 120)
+  if(arg_AS_ONE)
+    add_test(NAME ${name} COMMAND ${target})
+    set_tests_properties(${name} PROPERTIES LABELS ${label} TIMEOUT 300)
+  else()
+    gtest_discover_tests(${target} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+      PROPERTIES LABELS ${label} TIMEOUT 120)
+  endif()
 endfunction()
 
 # ov_bench(<name> [INTERNALS] [LINK <targets>] <sources...>): one benchmark program, tried shortly by

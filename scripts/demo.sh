@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: Apache-2.0
-# Imports an asset, stores it in both file forms, counts what it holds, and walks an op tree that loads it on all
-# cores: scripts/demo.sh [ASSET]
+# Imports an asset, stores it in both file forms, counts what it holds, and walks two op trees on all cores: one that
+# loads the asset, and a village square of a hundred thousand locations. scripts/demo.sh [ASSET]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -37,6 +37,16 @@ say "Walking $scene, which loads it and adds to it, on all cores"
 "$ovscene" tree "$scene" /root/asset --depth 1 --set SYLVAR_ASSET_PATH="$out"
 echo
 "$ovscene" walk "$scene" --repeat 2 --stats --set SYLVAR_ASSET_PATH="$out" | tee "$out/walk.txt"
+
+square=scenes/square.optree.json
+assets=scenes:/usr/share/assimp/models
+say "Walking $square, made of imported models, on all cores"
+"$ovscene" tree "$square" /root/world --depth 1 --set SYLVAR_ASSET_PATH="$assets"
+echo
+"$ovscene" walk "$square" --repeat 2 --stats --set SYLVAR_ASSET_PATH="$assets" | tee "$out/square.walk.txt"
+
+say "Why the sails of its windmill turn"
+"$ovscene" why "$square" /root/world/hill/mill/sails xform.rotate --set SYLVAR_ASSET_PATH="$assets"
 
 say "The results are in $out"
 ls -l "$out"
