@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Asking a list of patterns about the paths of a scene, each time about another.
 #include "CountAllocations.h"
-#include "Platform/Embedded/Ops/PathPatterns.h"
+#include "Platform/Embedded/Ops/Patterns/PathPatterns.h"
 
 #include <benchmark/benchmark.h>
 

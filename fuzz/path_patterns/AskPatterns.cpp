@@ -2,7 +2,7 @@
 // Compiles a list of patterns, one a line up to an empty line, and asks it about the paths on the
 // lines behind and all that are above them. What it says of a path must agree with what it says of
 // those above it, and with what its patterns say one by one.
-#include "Platform/Embedded/Ops/PathPatterns.h"
+#include "Platform/Embedded/Ops/Patterns/PathPatterns.h"
 #include "Platform/Embedded/Runtime/Op.h"
 
 #include <algorithm>

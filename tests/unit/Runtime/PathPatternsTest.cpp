@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/PathPatterns.h"
+#include "Platform/Embedded/Ops/Patterns/PathPatterns.h"
 
 #include "Platform/Embedded/Runtime/Op.h"
 #include "unit/Runtime/NaivePatterns.h"

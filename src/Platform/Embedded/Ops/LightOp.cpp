@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Platform/Embedded/Ops/Locations/SingleLocation.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
-#include "Platform/Embedded/Ops/SingleLocation.h"
 #include "Platform/Support/OnceBuilt.h"
 
 #include <limits>

@@ -2,8 +2,8 @@
 #include <SylvarPlatform/AttributeFile.h>
 
 #include "Platform/Embedded/Ops/Arguments.h"
-#include "Platform/Embedded/Ops/AssetPath.h"
-#include "Platform/Embedded/Ops/FileIdentity.h"
+#include "Platform/Embedded/Ops/Files/AssetPath.h"
+#include "Platform/Embedded/Ops/Files/FileIdentity.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Ops/SceneOp.h"
 #include "Platform/Embedded/Runtime/Cook.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Arguments.h"
-#include "Platform/Embedded/Ops/AttributeMerge.h"
+#include "Platform/Embedded/Ops/Locations/AttributeMerge.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Support/OnceBuilt.h"

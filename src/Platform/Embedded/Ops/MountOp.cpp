@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Arguments.h"
-#include "Platform/Embedded/Ops/LocationChange.h"
-#include "Platform/Embedded/Ops/MountTable.h"
+#include "Platform/Embedded/Ops/Locations/LocationChange.h"
+#include "Platform/Embedded/Ops/Locations/MountTable.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Embedded/Runtime/MountPath.h"

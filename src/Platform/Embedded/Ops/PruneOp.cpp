@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Arguments.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
-#include "Platform/Embedded/Ops/PathPatterns.h"
+#include "Platform/Embedded/Ops/Patterns/PathPatterns.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Support/OnceBuilt.h"
 

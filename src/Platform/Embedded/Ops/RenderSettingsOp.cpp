@@ -2,8 +2,8 @@
 #include <SylvarPlatform/GroupBuilder.h>
 
 #include "Platform/Embedded/Ops/Arguments.h"
-#include "Platform/Embedded/Ops/AttributeAssignment.h"
-#include "Platform/Embedded/Ops/LocationChange.h"
+#include "Platform/Embedded/Ops/Locations/AttributeAssignment.h"
+#include "Platform/Embedded/Ops/Locations/LocationChange.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Runtime/AttributeEdit.h"
 #include "Platform/Embedded/Runtime/Cook.h"

@@ -4,7 +4,7 @@
 #include <SylvarPlatform/DelimiterCodec.h>
 
 #include "Platform/Embedded/Ops/Arguments.h"
-#include "Platform/Embedded/Ops/ChildNameCheck.h"
+#include "Platform/Embedded/Ops/Locations/ChildNameCheck.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Embedded/Runtime/MountPath.h"

@@ -2,10 +2,10 @@
 #include <SylvarPlatform/GroupBuilder.h>
 
 #include "Platform/Embedded/Ops/Arguments.h"
-#include "Platform/Embedded/Ops/LocationChange.h"
+#include "Platform/Embedded/Ops/Locations/LocationChange.h"
+#include "Platform/Embedded/Ops/Locations/TransformEdit.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
-#include "Platform/Embedded/Ops/PathPatterns.h"
-#include "Platform/Embedded/Ops/TransformEdit.h"
+#include "Platform/Embedded/Ops/Patterns/PathPatterns.h"
 #include "Platform/Embedded/Runtime/AttributeEdit.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Support/OnceBuilt.h"

@@ -2,8 +2,8 @@
 #include <SylvarPlatform/PluginManager.h>
 #include <SylvarPlatform/suites/OpType.h>
 
-#include "Platform/Embedded/Ops/PluginOpSchema.h"
-#include "Platform/Embedded/Ops/PluginOpType.h"
+#include "Platform/Embedded/Ops/Plugin/PluginOpSchema.h"
+#include "Platform/Embedded/Ops/Plugin/PluginOpType.h"
 #include "Platform/Embedded/Runtime/OpTypeTable.h"
 #include "Platform/Support/Mutex.h"
 #include "Platform/Support/OnceBuilt.h"

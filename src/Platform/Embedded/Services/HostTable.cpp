@@ -5,7 +5,7 @@
 #include <SylvarPlatform/Export.h>
 #include <SylvarPlatform/suites/AttributeSuite.h>
 
-#include "Platform/Embedded/Ops/OpHost.h"
+#include "Platform/Embedded/Ops/Plugin/OpHost.h"
 #include "Platform/Embedded/Services/LoggerRecord.h"
 #include "Platform/Support/OnceBuilt.h"
 

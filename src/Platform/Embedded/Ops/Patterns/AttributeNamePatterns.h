@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Platform/Embedded/Ops/NamePattern.h"
+#include "Platform/Embedded/Ops/Patterns/NamePattern.h"
 #include "Platform/Embedded/Runtime/LocationWriter.h"
 
 #include <string>

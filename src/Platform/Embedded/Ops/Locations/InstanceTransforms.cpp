@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/InstanceTransforms.h"
+#include "Platform/Embedded/Ops/Locations/InstanceTransforms.h"
 
-#include "Platform/Embedded/Ops/MatrixValue.h"
+#include "Platform/Embedded/Ops/Locations/MatrixValue.h"
 
 #include <Imath/ImathQuat.h>
 

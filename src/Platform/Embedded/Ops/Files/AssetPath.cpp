@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/AssetPath.h"
+#include "Platform/Embedded/Ops/Files/AssetPath.h"
 
 #include <SylvarPlatform/AssetPlugin.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/MountTable.h"
+#include "Platform/Embedded/Ops/Locations/MountTable.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/AttributeNamePatterns.h"
+#include "Platform/Embedded/Ops/Patterns/AttributeNamePatterns.h"
 
 #include "Platform/Embedded/Runtime/AttributeEdit.h"
 #include "Platform/Embedded/Runtime/Op.h"

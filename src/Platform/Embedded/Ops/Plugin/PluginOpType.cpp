@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/PluginOpType.h"
+#include "Platform/Embedded/Ops/Plugin/PluginOpType.h"
 
 #include "Platform/Embedded/Ops/Arguments.h"
-#include "Platform/Embedded/Ops/PluginCook.h"
-#include "Platform/Embedded/Ops/PluginOpSchema.h"
+#include "Platform/Embedded/Ops/Plugin/PluginCook.h"
+#include "Platform/Embedded/Ops/Plugin/PluginOpSchema.h"
 #include "Platform/Support/Mutex.h"
 
 #include <algorithm>

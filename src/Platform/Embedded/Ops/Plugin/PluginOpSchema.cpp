@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/PluginOpSchema.h"
+#include "Platform/Embedded/Ops/Plugin/PluginOpSchema.h"
 
 #include <algorithm>
 #include <array>

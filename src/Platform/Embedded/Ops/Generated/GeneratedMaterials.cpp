@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/GeneratedMaterials.h"
+#include "Platform/Embedded/Ops/Generated/GeneratedMaterials.h"
 
 #include <SylvarPlatform/DataAttribute.h>
 #include <SylvarPlatform/GroupBuilder.h>
 
-#include "Platform/Embedded/Ops/RandomNumber.h"
+#include "Platform/Embedded/Ops/Generated/RandomNumber.h"
 
 #include <cstddef>
 

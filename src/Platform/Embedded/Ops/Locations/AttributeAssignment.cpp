@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/AttributeAssignment.h"
+#include "Platform/Embedded/Ops/Locations/AttributeAssignment.h"
 
-#include "Platform/Embedded/Ops/AttributeMerge.h"
+#include "Platform/Embedded/Ops/Locations/AttributeMerge.h"
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 

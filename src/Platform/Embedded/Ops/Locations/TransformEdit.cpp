@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/TransformEdit.h"
+#include "Platform/Embedded/Ops/Locations/TransformEdit.h"
 
 #include "Platform/Embedded/Runtime/AttributeEdit.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/FileIdentity.h"
+#include "Platform/Embedded/Ops/Files/FileIdentity.h"
 
 #include <sys/stat.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/NamePattern.h"
+#include "Platform/Embedded/Ops/Patterns/NamePattern.h"
 
 #include "Platform/Embedded/Runtime/Op.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "Platform/Embedded/Ops/PatternTree.h"
+#include "Platform/Embedded/Ops/Patterns/PatternTree.h"
 
 #include <boost/container/small_vector.hpp>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/OpHost.h"
+#include "Platform/Embedded/Ops/Plugin/OpHost.h"
 
-#include "Platform/Embedded/Ops/AssetPath.h"
-#include "Platform/Embedded/Ops/FileIdentity.h"
-#include "Platform/Embedded/Ops/PluginCook.h"
+#include "Platform/Embedded/Ops/Files/AssetPath.h"
+#include "Platform/Embedded/Ops/Files/FileIdentity.h"
+#include "Platform/Embedded/Ops/Plugin/PluginCook.h"
 #include "Platform/Embedded/Runtime/KindName.h"
 #include "Platform/Embedded/Runtime/MountPath.h"
 

@@ -4,7 +4,7 @@
 #include <SylvarPlatform/GroupAttribute.h>
 
 #include "Platform/Embedded/Attributes/Values/Shape.h"
-#include "Platform/Embedded/Ops/GeneratedTree.h"
+#include "Platform/Embedded/Ops/Generated/GeneratedTree.h"
 #include "Platform/Embedded/Runtime/LocationWriter.h"
 
 #include <cstdint>

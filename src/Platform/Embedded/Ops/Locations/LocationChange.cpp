@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/LocationChange.h"
+#include "Platform/Embedded/Ops/Locations/LocationChange.h"
 
-#include "Platform/Embedded/Ops/TransformEdit.h"
+#include "Platform/Embedded/Ops/Locations/TransformEdit.h"
 #include "Platform/Embedded/Runtime/AttributeEdit.h"
 
 namespace Sylvar3::internal::OvSylvar::Embedded {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/AttributeMerge.h"
+#include "Platform/Embedded/Ops/Locations/AttributeMerge.h"
 
 #include "Platform/Embedded/Runtime/AttributeEdit.h"
 #include "Platform/Embedded/Runtime/Op.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/PathPatterns.h"
+#include "Platform/Embedded/Ops/Patterns/PathPatterns.h"
 
-#include "Platform/Embedded/Ops/PatternWalk.h"
+#include "Platform/Embedded/Ops/Patterns/PatternWalk.h"
 #include "Platform/Embedded/Runtime/Op.h"
 
 #include <algorithm>

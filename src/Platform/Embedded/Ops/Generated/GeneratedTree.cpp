@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/GeneratedTree.h"
+#include "Platform/Embedded/Ops/Generated/GeneratedTree.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/PatternWalk.h"
+#include "Platform/Embedded/Ops/Patterns/PatternWalk.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/PluginCook.h"
+#include "Platform/Embedded/Ops/Plugin/PluginCook.h"
 
-#include "Platform/Embedded/Ops/ChildNameCheck.h"
+#include "Platform/Embedded/Ops/Locations/ChildNameCheck.h"
 #include "Platform/Embedded/Ops/SceneOp.h"
 #include "Platform/Embedded/Runtime/MountPath.h"
 

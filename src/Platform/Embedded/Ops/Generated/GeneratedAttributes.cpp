@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/GeneratedAttributes.h"
+#include "Platform/Embedded/Ops/Generated/GeneratedAttributes.h"
 
 #include "Platform/Embedded/Attributes/Values/NameList.h"
-#include "Platform/Embedded/Ops/GeneratedMaterials.h"
-#include "Platform/Embedded/Ops/RandomNumber.h"
+#include "Platform/Embedded/Ops/Generated/GeneratedMaterials.h"
+#include "Platform/Embedded/Ops/Generated/RandomNumber.h"
 
 #include <boost/container/small_vector.hpp>
 

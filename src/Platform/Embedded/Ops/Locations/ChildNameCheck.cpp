@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/ChildNameCheck.h"
+#include "Platform/Embedded/Ops/Locations/ChildNameCheck.h"
 
 #include "Platform/Embedded/Runtime/Op.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/SingleLocation.h"
+#include "Platform/Embedded/Ops/Locations/SingleLocation.h"
 
 #include "Platform/Embedded/Attributes/Forms/NumberText.h"
+#include "Platform/Embedded/Ops/Locations/TransformEdit.h"
 #include "Platform/Embedded/Ops/SceneOp.h"
-#include "Platform/Embedded/Ops/TransformEdit.h"
 
 #include <string>
 #include <vector>

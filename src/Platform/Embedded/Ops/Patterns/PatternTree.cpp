@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/PatternTree.h"
+#include "Platform/Embedded/Ops/Patterns/PatternTree.h"
 
 #include "Platform/Embedded/Attributes/Values/Hashing.h"
 #include "Platform/Embedded/Attributes/Values/NameIndex.h"
