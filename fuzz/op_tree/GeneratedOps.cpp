@@ -34,10 +34,14 @@ constexpr const char* kTypes[] = {"scene",
                                   "unknown"};
 
 constexpr const char* kArguments[] = {
-    "tree", "at",         "file",          "shape",       "breadth",   "depth",  "count",
-    "seed", "attributes", "motionSamples", "absentEvery", "failEvery", "paths",  "values",
-    "mode", "path",       "enabled",       "note",        "names",     "source", "copies",
-    "name", "translate",  "matrix",        "prototypes",  "parent",    "unknown"};
+    "tree",       "at",           "file",       "shape",         "breadth",      "depth",
+    "count",      "seed",         "attributes", "motionSamples", "absentEvery",  "failEvery",
+    "paths",      "values",       "mode",       "path",          "enabled",      "note",
+    "names",      "source",       "copies",     "name",          "translate",    "matrix",
+    "prototypes", "parent",       "unknown",    "rotate",        "scale",        "sampleTimes",
+    "positions",  "orientations", "scales",     "matrices",      "protoIndices", "material",
+    "transform",  "camera",       "outputs",    "tileRender",    "xform",        "type",
+    "fov",        "color"};
 
 constexpr const char* kTexts[] = {
     "/root",   "/root/c0", "/root/*", "/root/**",    "!/root/c1", "/**/c?",  "/root/{c0,c1}",

@@ -134,7 +134,7 @@ TEST(Duplicate, TellsWhatIsWrongWithItsArguments) {
         const char* reason;
     };
     const std::vector<Row> rows = {
-        {Args().set("copies", -1), "argument \"copies\": expected 0 to 100000000, found -1"},
+        {Args().set("copies", -1), "argument \"copies\": expected 0 to 10000000, found -1"},
         {Args().set("name", "a/b"),
          "argument \"name\": expected a text that a location's name can hold, found \"a/b\""},
         {Args().set("name", ""), "argument \"name\": expected a text"},

@@ -117,7 +117,7 @@ public:
     }
 
 private:
-    static constexpr std::int32_t kMostCopies = 100'000'000;
+    static constexpr std::int32_t kMostCopies = 10'000'000;
 
     const OpSchema schema_ = {
         "duplicate",
