@@ -335,6 +335,20 @@ TEST(PathPatterns, TakeNoLongerForAPatternThatCouldMatchInVeryManyWays) {
     EXPECT_TRUE(PathPatterns({names}).matches(paths));
 }
 
+TEST(PathPatterns, RefuseListsWhoseBracesStandForTooMuch) {
+    const std::string ten = "{0,1,2,3,4,5,6,7,8,9}";
+    const std::string name = "/" + ten + ten + ten + std::string(200, 'x');
+    EXPECT_NO_THROW(PathPatterns(Texts(80, name)));
+    try {
+        const PathPatterns patterns(Texts(100, name));
+        FAIL();
+    } catch (const OpError& error) {
+        EXPECT_EQ("pattern \"" + name +
+                      "\": with it the list's braces stand for more than 16777216 bytes",
+                  std::string(error.what()));
+    }
+}
+
 TEST(PathPatterns, TakeNoLongerForVeryManyPatternsThatCouldMatchInVeryManyWays) {
     Texts list;
     std::string spans;

@@ -42,11 +42,29 @@ PathPattern read(std::string_view text) {
     return pattern;
 }
 
+/// How much text the braces of a list may make of it.
+constexpr std::size_t kMostBraceBytes = 1 << 24;
+
+std::size_t bytesOf(const PathPattern& pattern) {
+    std::size_t bytes = 0;
+    for (const PathPattern::Name& name : pattern.names) {
+        for (const NamePattern& alternative : name.alternatives) {
+            bytes += name.alternatives.size() > 1 ? alternative.text().size() : 0;
+        }
+    }
+    return bytes;
+}
+
 std::vector<PathPattern> readAll(const std::vector<std::string>& texts) {
     std::vector<PathPattern> patterns;
+    std::size_t braceBytes = 0;
     for (const std::string& text : texts) {
         try {
-            patterns.push_back(read(text));
+            braceBytes += bytesOf(patterns.emplace_back(read(text)));
+            if (braceBytes > kMostBraceBytes) {
+                throw OpError("with it the list's braces stand for more than " +
+                              std::to_string(kMostBraceBytes) + " bytes");
+            }
         } catch (const OpError& error) {
             throw OpError("pattern \"" + text + "\": " + error.what());
         }

@@ -20,8 +20,8 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 /// worse than in proportion to the path's text times that of all patterns. It allocates nothing
 /// for lists of up to some thousand patterns.
 ///
-/// Takes memory in proportion to the patterns' text, with its braces taken apart. Immutable; any
-/// thread.
+/// Takes memory in proportion to the patterns' text, with its braces taken apart: to 1024 texts for
+/// a name, and to 16 MiB for a list. Immutable; any thread.
 class PathPatterns {
 public:
     /// Throws `OpError`, 'pattern "/a[": a "[" without its "]"', with the pattern and what is wrong
