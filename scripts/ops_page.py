@@ -76,8 +76,8 @@ def wrapped(paragraph):
                          break_long_words=False, break_on_hyphens=False) + "\n"
 
 
-def paragraphs(text):
-    return [wrapped(part) for part in text.split("\n\n") if part.strip()]
+def paragraphs(texts):
+    return [wrapped(part) for part in texts if part.strip()]
 
 
 def example(type):

@@ -101,13 +101,15 @@ static OvAttributeStruct* wavedPoints(const Wave* wave, const OvSampleTable* tab
    the caller. */
 static OvAttributeStruct* withPoints(OvAttributeStruct* mesh, OvAttributeStruct* points) {
     static const char name[] = "geometry.points";
-    static const char bound[] = "bound"; /* holds no longer */
+    static const char bound[] = "bound"; /* these two hold no longer */
+    static const char normals[] = "geometry.normals";
     OvGroupBuilderStruct* const builder = attributes->createBuilder();
     OvAttributeStruct* changed;
     attributes->updateBuilder(builder, mesh);
     attributes->setBuilderGroupInherit(builder, attributes->getGroupInherit(mesh));
     attributes->setInBuilder(builder, name, (int32_t)(sizeof name - 1), points, 1);
     attributes->removeFromBuilder(builder, bound, (int32_t)(sizeof bound - 1));
+    attributes->removeFromBuilder(builder, normals, (int32_t)(sizeof normals - 1));
     changed = attributes->buildBuilder(builder, 0);
     attributes->releaseBuilder(builder);
     return changed;

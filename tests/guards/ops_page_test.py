@@ -14,7 +14,7 @@ import ops_page  # noqa: E402
 
 ANY = ops_page.ANY_NUMBER
 FRONT = "# Ops\n\nBy hand.\n\n" + ops_page.MARK
-BLUR = {"type": "blur", "about": "Blurs.", "remarks": "One.\nStill one.\n\n" + "word " * 30,
+BLUR = {"type": "blur", "about": "Blurs.", "remarks": ["One. Still one.", "word " * 30],
         "fewestInputs": 1, "mostInputs": 2, "arguments": [
             {"name": "by", "kind": "number", "isNeeded": True, "default": "", "about": "a|b."},
             {"name": "to", "kind": "string", "isNeeded": False, "default": "x", "about": "End."}]}

@@ -120,12 +120,19 @@ class OpTrees(OpTreeCase):
         self.assertRegex(text, r"\n/root .*error: .*nonesuch")
         self.assertIn("1 location with errors, the first at /root: nonesuch", told)
 
+    def test_a_child_that_is_no_group_is_an_error_and_the_rest_stands(self):
+        merged = {"opType": "merge", "opInputs": ["number", "scene"], "opArgs": {"attributes": "deep"}}
+        self.write_document("number.json", "op tree", {
+            "scene": {"opType": "generate", "opArgs": {"depth": 1, "breadth": 2}}, "number": 1, "both": merged})
+        text, told = self.warns("tree", "number.json")
+        self.assertRegex(text, r"\n/root .*error: op \(op 2 of 3 \"number\"\), /root: the op \"number\" is no group")
+        self.assertIn("1 location with errors", told)
+        self.assertRegex(text, "c1 ")
+
     def test_what_cannot_be_opened(self):
         self.write_document("none.json", "op tree", {})
-        self.write_document("number.json", "op tree", {"a": {"opType": "generate"}, "b": 1})
         self.write_op_tree("away.json", far=("scene", {"at": "/world", "tree": {}}))
         for file, reason in (("none.json", "the op tree cannot be opened; it has no ops"),
-                             ("number.json", "the op tree cannot be opened; the op 'b' is no group"),
                              ("away.json", "the op tree makes no location /root")):
             for command in (("tree", file), ("attrs", file, "/root"), ("stats", file)):
                 with self.subTest(command):

@@ -174,8 +174,8 @@ typedef struct OvOpHost {
        whole path without a NUL. Null name, or no memory: -1. */
     int64_t (*resolveAsset)(const char* name, char* buffer, size_t bufferSize);
 
-    /* Which file stands at a path just now: a text with the path and the file's size, time and
-       inode; a file that is not there has one too. As resolveAsset. */
+    /* Which file stands at a path just now: a text with the path and the file's size, time, device
+       and inode; a file that is not there has one too. As resolveAsset. */
     int64_t (*getFileIdentity)(const char* path, char* buffer, size_t bufferSize);
 } OvOpHost;
 

@@ -74,6 +74,13 @@ TEST(AssignMaterial, ShowsAnErrorWhereThereIsNoMaterialToTake) {
     }
 }
 
+TEST(AssignMaterial, LooksForNoMaterialWhereNoneIsMissing) {
+    const auto client = assign(StringAttribute("/root/nowhere"), "ifMissing");
+    EXPECT_EQ("", errorAt(*client, "/root/b"));
+    EXPECT_EQ(1, intAt(*client, "/root/b", "material.kept"));
+    EXPECT_NE("", errorAt(*client, "/root/a"));
+}
+
 TEST(AssignMaterial, TellsWhatIsWrongWithItsArguments) {
     EXPECT_THAT(errorAt(*assign(IntAttribute(1), "replace"), "/root"),
                 HasSubstr("argument \"material\": expected group or string, found int"));

@@ -79,12 +79,14 @@ TEST(CameraOp, TellsAtItsPathWhatIsWrongWithItsArguments) {
         {Args().set("fov", 400), "argument \"fov\": expected 0 to 360, found 400"},
         {Args().set("fov", DoubleAttribute(std::nan(""))), "argument \"fov\": expected 0 to 360"},
         {Args().set("near", IntAttribute(std::vector<int>{1, 2})),
-         "argument \"near\": expected 1 numbers, found 2"},
+         "argument \"near\": expected one int, found 2"},
         {Args().set("projection", "fisheye"),
          "argument \"projection\": expected one of \"perspective\" \"orthographic\", found "
          "\"fisheye\""},
         {Args().set("fow", 40), "there is no argument \"fow\"; did you mean \"fov\"?"},
         {Args().set("xform", 1), "argument \"xform\": expected group, found int"},
+        {Args().set("xform", GroupBuilder().set("translat", DoubleAttribute(1.0)).build()),
+         "argument \"xform\": there is no step \"translat\"; did you mean \"translate\"?"},
     };
     for (const Row& row : rows) {
         EXPECT_THAT(errorAt(*open("camera", row.arguments), kPath),

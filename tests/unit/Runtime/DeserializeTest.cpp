@@ -105,7 +105,6 @@ TEST(DeserializeOps, GivesANegativeIdAndAMessageForABadStream) {
         bytesOf(goodTree().group(), AttributeContent::OpTree, AttributeForm::Text);
     const std::string binary =
         bytesOf(goodTree().group(), AttributeContent::OpTree, AttributeForm::Binary);
-    const GroupAttribute noGroup({{"op", IntAttribute(1)}}, false);
     for (const std::string& bytes :
          {std::string(),
           std::string("no op tree"),
@@ -118,8 +117,7 @@ TEST(DeserializeOps, GivesANegativeIdAndAMessageForABadStream) {
                   AttributeForm::Binary),
           bytesOf(goodTree().group(), AttributeContent::Attribute, AttributeForm::Text),
           bytesOf(GroupAttribute({}, false), AttributeContent::OpTree, AttributeForm::Text),
-          bytesOf(IntAttribute(1), AttributeContent::OpTree, AttributeForm::Text),
-          bytesOf(noGroup, AttributeContent::OpTree, AttributeForm::Binary)}) {
+          bytesOf(IntAttribute(1), AttributeContent::OpTree, AttributeForm::Text)}) {
         HeardLogs logs;
         const Read read(bytes);
         EXPECT_LT(read.id, 0) << bytes;
@@ -145,6 +143,29 @@ TEST(DeserializeOps, IsAnOpThatNothingChanges) {
     transaction->setClientOp(client, user);
     runtime->commit(transaction);
     EXPECT_FALSE(client->cookLocation("/root").doesLocationExist());
+}
+
+TEST(DeserializeOps, TakesAChildThatIsNoGroupForAnOpWithAnError) {
+    HeardLogs logs;
+    const GroupAttribute scene =
+        Args().set("tree", StaticScene().at("/root/stands").group()).set("at", "/root");
+    const GroupAttribute op({{"opType", StringAttribute("scene")}, {"opArgs", scene}}, false);
+    const GroupAttribute both(
+        {{"opType", StringAttribute("merge")},
+         {"opInputs", StringAttribute(std::vector<std::string>{"bad", "good"})},
+         {"opArgs", GroupAttribute(Args().set("attributes", "deep"))}},
+        false);
+    const GroupAttribute tree({{"bad", IntAttribute(7)}, {"good", op}, {"both", both}}, false);
+    const Read read(bytesOf(tree, AttributeContent::OpTree, AttributeForm::Text));
+    EXPECT_EQ(0, read.id < 0);
+    EXPECT_TRUE(read.client->cookLocation("/root/stands").doesLocationExist());
+    const char* const text = "op (op 1 of 3 \"bad\"), /root: the op \"bad\" is no group";
+    EXPECT_EQ(text,
+              read.client->cookLocation("/root")
+                  .getAttrs()
+                  .getChild<StringAttribute>("errorMessage")
+                  .getValue(""));
+    EXPECT_THAT(logs.take(), ElementsAre(HasSubstr(text)));
 }
 
 TEST(DeserializeOps, TakesPartsOfAnOpThatAreOfAnotherKindForMissing) {

@@ -50,6 +50,11 @@ TEST(RenderSettings, LeavesWhatItIsNotGiven) {
                 ElementsAre("cameraName", "resolution", "outputs"));
 }
 
+TEST(RenderSettings, LeavesWhatItIsGivenAsNull) {
+    const auto client = render(Args().set("camera", "/root/cam").set("resolution", Attribute()));
+    EXPECT_EQ("pal", textAt(*client, "/root", "renderSettings.resolution"));
+}
+
 TEST(RenderSettings, MergesItsOutputsWithThoseThatAreThere) {
     const auto client =
         render(Args().set("outputs", GroupBuilder().set("depth", output("z.exr")).build()));
@@ -68,6 +73,9 @@ TEST(RenderSettings, TellsWhatIsWrongWithItsArguments) {
          "argument \"outputs\": expected a group for each output, found none for \"beauty\""},
         {Args().set("tileRender", 1),
          "argument \"tileRender\": expected column and row, and perhaps their numbers, found 1 "
+         "numbers"},
+        {Args().set("tileRender", IntAttribute(std::vector<int>{1, 2, 3, 4, 5})),
+         "argument \"tileRender\": expected column and row, and perhaps their numbers, found 5 "
          "numbers"},
         {Args().set("tileRender", DoubleAttribute(1.0)),
          "argument \"tileRender\": expected ints, found double"},

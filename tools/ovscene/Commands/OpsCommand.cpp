@@ -151,7 +151,12 @@ void printJson(const OpTypeList& types, Output& output) {
         json.StartObject();
         writeJsonMember(json, "type", type.name);
         writeJsonMember(json, "about", type.about);
-        writeJsonMember(json, "remarks", type.remarks);
+        writeJsonKey(json, "remarks");
+        json.StartArray();
+        for (const std::string_view paragraph : paragraphsOf(type.remarks)) {
+            writeJson(json, paragraph);
+        }
+        json.EndArray();
         writeJsonMember(json, "fewestInputs", type.fewestInputs);
         writeJsonMember(json, "mostInputs", type.mostInputs);
         writeJsonKey(json, "arguments");

@@ -3,6 +3,7 @@
 
 #include <SylvarPlatform/SampleAccessor.h>
 
+#include "Platform/Embedded/Attributes/Values/DataValue.h"
 #include "Platform/Embedded/Runtime/KindName.h"
 #include "Platform/Embedded/Runtime/MountPath.h"
 #include "Platform/Support/NearestName.h"
@@ -16,6 +17,8 @@ using OvAttribute::GroupAttribute;
 using OvAttribute::IntAttribute;
 using OvAttribute::SampleAccessor;
 using OvAttribute::StringAttribute;
+using OvAttribute::Embedded::DataValue;
+using OvAttribute::Embedded::isDataKind;
 
 namespace {
 
@@ -31,6 +34,11 @@ bool isOfKind(std::int32_t type, std::string_view kind) {
         return type == OV_ATTRIBUTE_GROUP || type == OV_ATTRIBUTE_STRING;
     }
     return kind == kindName(type) || (kind == "ints" && type == OV_ATTRIBUTE_INT);
+}
+
+/// Whether an argument of the kind is one value, unless it is a group.
+bool isOne(std::string_view kind) {
+    return kind == "int" || kind == "number" || kind == "string" || kind == "group or string";
 }
 
 std::string quoted(std::string_view text) {
@@ -55,6 +63,20 @@ const ArgumentSchema* findSchema(const OpSchema& schema, std::string_view name) 
 
 }  // namespace
 
+void Arguments::check(const ArgumentSchema& argument, const OvAttribute::Attribute& value) {
+    if (!isOfKind(value.getType(), argument.kind)) {
+        fail(argument.name, std::string(argument.kind) + ", found " + kindName(value.getType()));
+    }
+    if (isOne(argument.kind) && isDataKind(value.getType())) {
+        const auto& data = static_cast<const DataValue&>(*value.handle());
+        if (data.valueCount != 1) {
+            fail(argument.name,
+                 std::string("one ") + kindName(data.kind) + ", found " +
+                     std::to_string(data.valueCount));
+        }
+    }
+}
+
 Arguments::Arguments(const OpSchema& schema, GroupAttribute group) : group_(std::move(group)) {
     for (std::int64_t i = 0; i < group_.getNumberOfChildren(); ++i) {
         const std::string_view name = group_.getChildNameView(i);
@@ -63,9 +85,8 @@ Arguments::Arguments(const OpSchema& schema, GroupAttribute group) : group_(std:
             failAsUnknown(schema, name);
         }
         const OvAttribute::Attribute value = group_.getChildByIndex(i);
-        if (value && !isOfKind(value.getType(), argument->kind)) {
-            throw OpError("argument " + quoted(name) + ": expected " + argument->kind + ", found " +
-                          kindName(value.getType()));
+        if (value) {
+            check(*argument, value);
         }
     }
     for (const ArgumentSchema& argument : schema.arguments) {

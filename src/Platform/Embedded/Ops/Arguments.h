@@ -15,7 +15,8 @@
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
 /// The arguments of an op, checked against its type's schema and read by name. Everything throws
-/// `OpError` with a text that names the argument and what was expected.
+/// `OpError` with a text that names the argument and what was expected. Of several time samples the
+/// one nearest time 0 counts, unless an operation says otherwise. Immutable; any thread.
 class Arguments {
 public:
     /// Throws for an argument that the type does not have, with the nearest one that it has, for
@@ -57,6 +58,8 @@ public:
     [[noreturn]] static void fail(const char* name, const std::string& expected);
 
 private:
+    static void check(const ArgumentSchema& argument, const OvAttribute::Attribute& value);
+
     OvAttribute::GroupAttribute group_;
 };
 

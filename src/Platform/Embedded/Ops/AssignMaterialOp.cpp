@@ -37,8 +37,11 @@ public:
         if (!input.exists() || !paths_.matches(cook.path())) {
             return out.pass(input);
         }
-        const Location source = material_.group ? Location() : cook.input(0, material_.path);
         AttributeEdit attributes(input);
+        if (mode_ == AssignmentMode::IfMissing && attributes.find(kMaterial)) {
+            return out.pass(input);
+        }
+        const Location source = material_.group ? Location() : cook.input(0, material_.path);
         assign(attributes, kMaterial, materialOf(source), mode_, out);
         writeWithAttributes(input, attributes.write(out), out);
     }

@@ -59,7 +59,7 @@ private:
         {
             pathSchema(),
             {"projection", "string", "perspective", "`perspective` or `orthographic`."},
-            {"fov", "number", "45", "The angle of view from left to right, in degrees."},
+            {"fov", "number", "45", "The angle of view from left to right, 0 to 360 degrees."},
             {"near", "number", "0.1", "Nothing nearer is seen."},
             {"far", "number", "10000", "Nothing farther is seen."},
             {"left", "number", "-1", "The left edge."},

@@ -131,7 +131,7 @@ private:
         1,
         {
             {"source", "string", nullptr, "The path of the location."},
-            {"copies", "int", "1", "How many."},
+            {"copies", "int", "1", "How many, up to ten millions."},
             {"name", "string", "", "What stands before the number; the source's name and `_`."},
             {"transform", "numbers", "", "A matrix of 16 numbers for all copies, or for each."},
         },

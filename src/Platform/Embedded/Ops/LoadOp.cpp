@@ -50,10 +50,9 @@ Content readContent(const std::string& file, const FileIdentity& identity) {
     if (result.content != AttributeContent::OpTree) {
         throw OpError(file + ": holds neither an op tree nor a scene");
     }
-    std::vector<OpSpec> specs;
-    std::string fault;
-    if (!readOpTree(castAttribute<GroupAttribute>(result.attribute), specs, fault)) {
-        throw OpError(file + ": " + fault);
+    const std::vector<OpSpec> specs = readOpTree(castAttribute<GroupAttribute>(result.attribute));
+    if (specs.empty()) {
+        throw OpError(file + ": " + kNoOps);
     }
     return {internOps(specs, file).back(), nullptr};
 }

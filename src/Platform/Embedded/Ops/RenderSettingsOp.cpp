@@ -49,7 +49,7 @@ void checkOutputs(const GroupAttribute& outputs) {
 }
 
 void checkTile(const NumberList& tile) {
-    if (!tile.isEmpty() && tile.size() != 2 && tile.size() < 4) {
+    if (!tile.isEmpty() && tile.size() != 2 && tile.size() != 4) {
         Arguments::fail("tileRender",
                         "column and row, and perhaps their numbers, found " +
                             std::to_string(tile.size()) + " numbers");
@@ -72,7 +72,9 @@ public:
         GroupBuilder settings(GroupBuilder::Mode::Flat);
         for (std::int64_t i = 0; i < group.getNumberOfChildren(); ++i) {
             const std::string name = group.getChildName(i);
-            settings.set(name == "camera" ? "cameraName" : name, group.getChildByIndex(i));
+            if (const OvAttribute::Attribute value = group.getChildByIndex(i)) {
+                settings.set(name == "camera" ? "cameraName" : name, value);
+            }
         }
         return std::make_unique<RenderSettingsOp>(settings.build());
     }
@@ -82,7 +84,9 @@ private:
         "renderSettings",
         "Sets how the scene is to be rendered: \"renderSettings\" of /root.",
         "What is not given stays as it is; outputs are merged with those that are there. The "
-        "camera becomes \"cameraName\", all else has the name of its argument.",
+        "camera becomes \"cameraName\", all else has the name of its argument. A scene without "
+        "/root has "
+        "nowhere to put them.",
         1,
         1,
         {

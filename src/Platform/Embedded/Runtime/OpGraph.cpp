@@ -148,6 +148,7 @@ private:
     void open(std::size_t place, std::vector<std::size_t>& stack) {
         if (states_[place].phase == Phase::Untouched) {
             states_[place].phase = Phase::Open;
+            states_[place].fault = specs_[place].fault;
             stack.push_back(place);
         }
     }
@@ -310,24 +311,20 @@ std::shared_ptr<InternedOp> internBody(const std::string& typeName,
     return Interner::instance().intern(std::move(parts));
 }
 
-bool readOpTree(const GroupAttribute& tree, std::vector<OpSpec>& specs, std::string& fault) {
+std::vector<OpSpec> readOpTree(const GroupAttribute& tree) {
     const std::int64_t count = tree.getNumberOfChildren();
-    if (count == 0) {
-        fault = "the op tree has no ops";
-        return false;
-    }
     std::unordered_map<std::string_view, std::size_t> places;
     for (std::int64_t i = 0; i < count; ++i) {
         places.emplace(tree.getChildNameView(i), static_cast<std::size_t>(i));
     }
-    specs.reserve(static_cast<std::size_t>(count));
+    std::vector<OpSpec> specs(static_cast<std::size_t>(count));
     for (std::int64_t i = 0; i < count; ++i) {
         const auto child = castAttribute<GroupAttribute>(tree.getChildByIndex(i));
-        OpSpec spec;
+        OpSpec& spec = specs[static_cast<std::size_t>(i)];
         spec.name = tree.getChildName(i);
         if (!child) {
-            fault = "the op \"" + spec.name + "\" is no group";
-            return false;
+            spec.fault = "the op \"" + spec.name + "\" is no group";
+            continue;
         }
         spec.type = child.getChild<StringAttribute>("opType").getValue("");
         spec.arguments = child.getChild<GroupAttribute>("opArgs");
@@ -337,9 +334,8 @@ bool readOpTree(const GroupAttribute& tree, std::vector<OpSpec>& specs, std::str
             const auto found = places.find(name);
             spec.inputs.push_back(found == places.end() ? OpSpec::kNoInput : found->second);
         }
-        specs.push_back(std::move(spec));
     }
-    return true;
+    return specs;
 }
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

@@ -27,9 +27,8 @@ std::string faultOf(const OvAttribute::AttributeReadResult& result, std::vector<
     if (result.content != OvAttribute::AttributeContent::OpTree) {
         return "it holds something else";
     }
-    std::string fault;
-    readOpTree(castAttribute<GroupAttribute>(result.attribute), ops, fault);
-    return fault;
+    ops = readOpTree(castAttribute<GroupAttribute>(result.attribute));
+    return ops.empty() ? kNoOps : "";
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
-/// Which file stands at a path just now: its size, time and inode. A plain value.
+/// Which file stands at a path just now: its size, time, device and inode. A plain value.
 class FileIdentity {
 public:
     /// Of no file.

@@ -4,8 +4,11 @@
 #include "Platform/Embedded/Attributes/Forms/NumberText.h"
 #include "Platform/Embedded/Ops/Locations/TransformEdit.h"
 #include "Platform/Embedded/Ops/SceneOp.h"
+#include "Platform/Support/NearestName.h"
 
+#include <algorithm>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
@@ -30,6 +33,22 @@ void check(const NumberSchema& schema, double number) {
         Arguments::fail(
             schema.name,
             textOf(schema.least) + " to " + textOf(schema.most) + ", found " + textOf(number));
+    }
+}
+
+/// What is no step is passed over where transforms are read; here it is a slip of the pen.
+void checkSteps(const GroupAttribute& transform) {
+    const std::vector<std::string_view> steps = {
+        "translate", "rotate", "scale", "matrix", "origin"};
+    for (std::int64_t i = 0; i < transform.getNumberOfChildren(); ++i) {
+        const std::string_view name = transform.getChildNameView(i);
+        const bool isStep = std::any_of(steps.begin(), steps.end(), [&](std::string_view step) {
+            return name.substr(0, step.size()) == step;
+        });
+        if (!isStep) {
+            throw OpError("argument \"" + std::string(kTransform) + "\": there is no step \"" +
+                          std::string(name) + "\"" + Support::didYouMean(name, steps));
+        }
     }
 }
 
@@ -58,6 +77,7 @@ std::unique_ptr<const OpBody> makeSingleLocation(const Arguments& arguments,
     GroupBuilder attributes(GroupBuilder::Mode::Flat);
     attributes.set("type", StringAttribute(type));
     if (const GroupAttribute transform = arguments.getGroup(kTransform)) {
+        checkSteps(transform);
         attributes.set(kTransform, transform);
     }
     attributes.set(name, values);

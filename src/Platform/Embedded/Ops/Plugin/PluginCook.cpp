@@ -69,6 +69,7 @@ bool PluginCook::enterScene(const std::string& top) {
         case MountPath::Place::Inside:
             return true;
         case MountPath::Place::Above:
+            from_ = From::Nothing;
             attributes_.reset();
             children_ = StringAttribute(std::string(mount.nextName(cook_.path())));
             return false;
