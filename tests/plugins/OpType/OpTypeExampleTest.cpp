@@ -85,6 +85,7 @@ TEST_F(OpTypeExample, KeepsTimesAndAllThatItDoesNotChange) {
                                      .set("/root/m", "type", "mesh")
                                      .set("/root/m", "geometry.points", moving)
                                      .set("/root/m", "geometry.note", note)
+                                     .set("/root/m", "geometry.normals", 1)
                                      .set("/root/m", "bound", 1)
                                      .set("/root/m/below", "type", "group")
                                      .group();
@@ -96,6 +97,7 @@ TEST_F(OpTypeExample, KeepsTimesAndAllThatItDoesNotChange) {
     EXPECT_THAT(heightsOf(points, 0.5F), ElementsAre(1.0F));
     EXPECT_EQ(note.handle(), attributes.getChildByName("geometry.note").handle());
     EXPECT_FALSE(attributes.getChildByName("bound").isValid());
+    EXPECT_FALSE(attributes.getChildByName("geometry.normals").isValid());
     EXPECT_EQ(3, countFrom(*client, "/root"));
     EXPECT_EQ(scene.getChildByName("a").handle(), attributesAt(client, "/root").handle());
 }

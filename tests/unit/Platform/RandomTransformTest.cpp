@@ -106,6 +106,21 @@ Point after(const Point& p, const Step& step, float time) {
     return result;
 }
 
+/// A bound for what the numbers that go into each component of the point can add up to, from such a
+/// bound for the point before: the same as above with all signs gone.
+Point magnitudeAfter(const Point& m, Step step, float time) {
+    if (step.is("rotate")) {
+        const double all = m[0] + m[1] + m[2];
+        return {all, all, all, m[3]};
+    }
+    for (auto& [at, values] : step.samples) {
+        for (double& value : values) {
+            value = std::fabs(value);
+        }
+    }
+    return after(m, step, time);
+}
+
 /// All steps that take part and that no origin has forgotten, those that act first first.
 std::vector<Step> actingOn(const Chain& chain) {
     std::vector<Step> steps;
@@ -133,10 +148,10 @@ bool hasOrigin(const Chain& chain) {
     return false;
 }
 
-/// The rows of the matrix, and the largest number that came up on the way.
+/// The rows of the matrix, and a bound for the numbers that went into each value.
 struct Expected {
     Numbers matrix;
-    double scale = 1;
+    Numbers magnitudes;
 };
 
 Expected expectedAt(const std::vector<Step>& steps, float time) {
@@ -144,13 +159,13 @@ Expected expectedAt(const std::vector<Step>& steps, float time) {
     for (std::size_t row = 0; row < 4; ++row) {
         Point point{};
         point[row] = 1;
+        Point magnitude = point;
         for (const Step& step : steps) {
             point = after(point, step, time);
-            for (const double value : point) {
-                expected.scale = std::max(expected.scale, std::fabs(value));
-            }
+            magnitude = magnitudeAfter(magnitude, step, time);
         }
         expected.matrix.insert(expected.matrix.end(), point.begin(), point.end());
+        expected.magnitudes.insert(expected.magnitudes.end(), magnitude.begin(), magnitude.end());
     }
     return expected;
 }
@@ -266,7 +281,7 @@ testing::AssertionResult agree(const Expected& expected, const Numbers& found) {
         return testing::AssertionFailure() << found.size() << " values";
     }
     for (std::size_t i = 0; i < 16; ++i) {
-        if (!(std::fabs(expected.matrix[i] - found[i]) <= 1e-12 * expected.scale)) {
+        if (!(std::fabs(expected.matrix[i] - found[i]) <= 1e-12 * expected.magnitudes[i])) {
             return testing::AssertionFailure()
                    << "value " << i << ": " << found[i] << " instead of " << expected.matrix[i];
         }
