@@ -67,6 +67,13 @@ const OpCase kCases[] = {
      [](int number) {
          return Args().set("source", "/root/c0").set("name", "copy" + std::to_string(number));
      }},
+    {"instance",
+     [](int number) {
+         return Args()
+             .set("prototypes", "/root/c0")
+             .set("matrices", matrix())
+             .set("parent", "/root/copies" + std::to_string(number));
+     }},
 };
 
 std::shared_ptr<SylvarRuntime::Client> open(const OpCase& op, int number) {

@@ -20,6 +20,7 @@ TEST(Generate, MakesEveryShapeInItsSize) {
     EXPECT_EQ(8, sizeOf(Args().set("breadth", 3).set("depth", 2).set("count", 8)));
     EXPECT_EQ(1 + 5, sizeOf(Args().set("shape", "wide").set("breadth", 5)));
     EXPECT_EQ(1000, sizeOf(Args().set("shape", "wide").set("count", 1000)));
+    EXPECT_EQ(4, sizeOf(Args().set("shape", "wide").set("breadth", 3).set("count", 1000)));
     EXPECT_EQ(1 + 7, sizeOf(Args().set("shape", "deep").set("depth", 7)));
     EXPECT_EQ(1 + 4 + 16, sizeOf(Args().set("shape", "grid").set("breadth", 4)));
 }

@@ -123,10 +123,9 @@ private:
         "duplicate",
         "Copies of a location and of all below it, beside it.",
         "Copies are named by a text and a number from 1 on. What the input cooked is shared: a "
-        "copy "
-        "takes memory for its own transform alone. With one matrix each copy stands to the former "
-        "one as the first copy to the location itself; the transform of the location acts before "
-        "it.",
+        "copy takes memory for its own transform alone. With one matrix each copy stands to the "
+        "former one as the first copy to the location itself; the transform of the location acts "
+        "before it.",
         1,
         1,
         {

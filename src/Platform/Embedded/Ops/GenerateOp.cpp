@@ -55,16 +55,28 @@ private:
     Faults faults_;
 };
 
+constexpr std::int32_t kMostChildren = 1 << 24;
+
+/// Of a wide scene: as many as its count lets be.
+std::int32_t widthOf(const Arguments& arguments, std::int32_t breadth, std::int32_t count) {
+    if (count > kMostChildren) {
+        Arguments::fail("count",
+                        "0 to " + std::to_string(kMostChildren) + " for a wide scene, found " +
+                            std::to_string(count));
+    }
+    return count == 0 || arguments.has("breadth") ? breadth : kMostChildren;
+}
+
 GeneratedTree treeOf(const Arguments& arguments) {
     const std::size_t shape = arguments.getChoice("shape", {"tree", "wide", "deep", "grid"});
-    const std::int32_t breadth = arguments.getInt("breadth", 32, 1, 1 << 24);
+    const std::int32_t breadth = arguments.getInt("breadth", 32, 1, kMostChildren);
     const std::int32_t depth = arguments.getInt("depth", 3, 0, 1 << 20);
     const std::int32_t count = arguments.getInt("count", 0, 0, kMost);
     const std::uint64_t most =
         count == 0 ? GeneratedTree::kNoLimit : static_cast<std::uint64_t>(count);
     switch (shape) {
         case 1:
-            return GeneratedTree(count == 0 ? breadth : kMost, 1, most);
+            return GeneratedTree(widthOf(arguments, breadth, count), 1, most);
         case 2:
             return GeneratedTree(1, depth, most);
         case 3:
@@ -109,8 +121,10 @@ private:
             {"shape",
              "string",
              "tree",
-             "\"tree\": every location has children, down to the last level; \"wide\": one level; "
-             "\"deep\": one child a level; \"grid\": rows of cells."},
+             "`tree`: every location has children, down to the last level; `wide`: one level, of "
+             "`breadth` children, or without it as many as `count` says; `deep`: one child a "
+             "level; "
+             "`grid`: `breadth` rows of as many cells."},
             {"breadth", "int", "32", "Children of a location."},
             {"depth", "int", "3", "Levels below the top location."},
             {"count", "int", "0", "The most locations there are, level by level; 0: no limit."},

@@ -57,7 +57,7 @@ bool takesTwoInputs(const std::string& type) {
 
 }  // namespace
 
-TEST(Laziness, CooksTheChainOfALocationAndNothingBesideWhateverTheOp) {
+TEST(OpLaziness, CooksTheChainOfALocationAndNothingBesideWhateverTheOp) {
     int seed = 5000;
     for (const Row& row : allOps()) {
         SCOPED_TRACE(row.type);
@@ -77,7 +77,7 @@ TEST(Laziness, CooksTheChainOfALocationAndNothingBesideWhateverTheOp) {
     }
 }
 
-TEST(Laziness, CooksTheChainOfALocationThroughAllOpsAtOnce) {
+TEST(OpLaziness, CooksTheChainOfALocationThroughAllOpsAtOnce) {
     OpTree tree;
     tree.op("scene", "generate", scene(5100));
     tree.op("other", "scene", Args().set("tree", StaticScene().at("/root/y").group()));
@@ -100,7 +100,7 @@ TEST(Laziness, CooksTheChainOfALocationThroughAllOpsAtOnce) {
     }
 }
 
-TEST(Laziness, CooksNothingBeforeALocationIsAskedFor) {
+TEST(OpLaziness, CooksNothingBeforeALocationIsAskedFor) {
     const RuntimeCounts before(*OpTree().op("s", "scene", Args()).open());
     const auto client = OpTree()
                             .op("scene", "generate", scene(5200))
@@ -114,7 +114,7 @@ TEST(Laziness, CooksNothingBeforeALocationIsAskedFor) {
     EXPECT_EQ(0, after.cooks("duplicate") - before.cooks("duplicate"));
 }
 
-TEST(Laziness, CooksOfADuplicateItsSourceAlone) {
+TEST(OpLaziness, CooksOfADuplicateItsSourceAlone) {
     const auto client = OpTree()
                             .op("scene", "generate", scene(5300))
                             .op("copies",
