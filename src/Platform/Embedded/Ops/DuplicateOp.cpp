@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Arguments.h"
+#include "Platform/Embedded/Ops/Copies/MatrixPowers.h"
+#include "Platform/Embedded/Ops/Copies/MatrixValue.h"
+#include "Platform/Embedded/Ops/Copies/NumberedNames.h"
 #include "Platform/Embedded/Ops/Locations/LocationChange.h"
-#include "Platform/Embedded/Ops/Locations/MatrixPowers.h"
-#include "Platform/Embedded/Ops/Locations/MatrixValue.h"
-#include "Platform/Embedded/Ops/Locations/NumberedNames.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Support/OnceBuilt.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Arguments.h"
-#include "Platform/Embedded/Ops/Locations/InstanceTransforms.h"
+#include "Platform/Embedded/Ops/Copies/InstanceTransforms.h"
+#include "Platform/Embedded/Ops/Copies/NumberedNames.h"
 #include "Platform/Embedded/Ops/Locations/LocationChange.h"
-#include "Platform/Embedded/Ops/Locations/NumberedNames.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Embedded/Runtime/MountPath.h"

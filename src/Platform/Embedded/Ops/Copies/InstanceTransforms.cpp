@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/Locations/InstanceTransforms.h"
+#include "Platform/Embedded/Ops/Copies/InstanceTransforms.h"
 
-#include "Platform/Embedded/Ops/Locations/MatrixValue.h"
+#include "Platform/Embedded/Ops/Copies/MatrixValue.h"
 
 #include <Imath/ImathQuat.h>
 

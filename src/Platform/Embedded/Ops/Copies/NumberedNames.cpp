@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/Locations/NumberedNames.h"
+#include "Platform/Embedded/Ops/Copies/NumberedNames.h"
 
 #include "Platform/Embedded/Runtime/Op.h"
 
