@@ -69,6 +69,9 @@ TEST(RenderSettings, TellsWhatIsWrongWithItsArguments) {
         {Args().set("tileRender", 1),
          "argument \"tileRender\": expected column and row, and perhaps their numbers, found 1 "
          "numbers"},
+        {Args().set("tileRender", IntAttribute(std::vector<int>{})),
+         "argument \"tileRender\": expected column and row, and perhaps their numbers, found 0 "
+         "numbers"},
         {Args().set("tileRender", DoubleAttribute(1.0)),
          "argument \"tileRender\": expected ints, found double"},
     };

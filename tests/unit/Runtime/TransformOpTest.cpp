@@ -134,6 +134,9 @@ TEST(Transform, TellsWhatIsWrongWithItsArguments) {
         {Args().set("sampleTimes", doubles({0, 1})).set("rotate", doubles(Doubles(12, 0))),
          "argument \"rotate\": expected 4 numbers for all, or for each of the 2 sample times, "
          "found 12"},
+        {Args().set("sampleTimes", doubles({0, 1})).set("scale", doubles({})),
+         "argument \"scale\": expected 3 numbers for all, or for each of the 2 sample times, "
+         "found 0"},
         {Args().set("translate", doubles({1, 2, 3})).set("mode", "append"),
          "argument \"mode\": expected one of \"replace\" \"add\", found \"append\""},
         {Args().set("translation", doubles({1, 2, 3})), "did you mean \"translate\"?"},

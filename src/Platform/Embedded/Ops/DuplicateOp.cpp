@@ -84,7 +84,7 @@ std::string nameOf(const std::string& path) {
 NumberList readMatrices(const Arguments& arguments, std::uint32_t copies) {
     NumberList matrices = arguments.getNumbers("transform", kMatrixSize, true);
     const std::size_t count = matrices.size() / kMatrixSize;
-    if (count > 1 && count != copies) {
+    if (arguments.has("transform") && count != 1 && count != copies) {
         Arguments::fail("transform",
                         "a matrix for all copies, or for each of the " + std::to_string(copies) +
                             ", found " + std::to_string(count));

@@ -31,7 +31,7 @@ public:
         for (const std::string& path : prototypes_) {
             Arguments::checkPath("prototypes", path);
         }
-        if (!indices_.isEmpty()) {
+        if (arguments.has("protoIndices")) {
             checkIndices(instanceCount);
         }
     }
