@@ -85,15 +85,15 @@ bool PathPatterns::matches(std::string_view path) const {
     return !isAboveAll && walk.matches();
 }
 
-bool PathPatterns::matchesAtOrAbove(std::string_view path) const {
+bool PathPatterns::isWithinMatch(std::string_view path) const {
     PatternWalk walk(tree_);
+    Verdict nearest = kNoVerdict;
     while (!path.empty() && !walk.isOver()) {
         walk.enter(takeName(path));
-        if (walk.matches()) {
-            return true;
-        }
+        const Verdict here = walk.verdict();
+        nearest = here == kNoVerdict ? nearest : here;
     }
-    return false;
+    return isMatch(nearest);
 }
 
 bool PathPatterns::canMatchBelow(std::string_view path) const {

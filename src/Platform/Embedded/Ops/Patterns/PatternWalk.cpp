@@ -31,17 +31,17 @@ void PatternWalk::enter(std::string_view name) {
     forgetMarks();
 }
 
-bool PatternWalk::matches() const {
-    Verdict last = 0;
+Verdict PatternWalk::verdict() const {
+    Verdict last = kNoVerdict;
     for (const std::uint32_t node : reached_) {
         last = std::max(last, tree_[node].verdict);
     }
-    return isMatch(last);
+    return last;
 }
 
 bool PatternWalk::canMatchBelow() const {
-    Verdict below = 0;
-    Verdict notBelow = 0;
+    Verdict below = kNoVerdict;
+    Verdict notBelow = kNoVerdict;
     for (const std::uint32_t node : reached_) {
         below = std::max(below, tree_[node].below);
         notBelow = std::max(notBelow, tree_[node].notBelow);

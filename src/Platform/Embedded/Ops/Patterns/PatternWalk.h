@@ -20,7 +20,9 @@ public:
 
     /// Nothing is reached here or below.
     bool isOver() const { return reached_.empty(); }
-    bool matches() const;
+    /// Of the path walked so far.
+    Verdict verdict() const;
+    bool matches() const { return isMatch(verdict()); }
     bool canMatchBelow() const;
 
 private:
