@@ -21,13 +21,17 @@ PatternWalk::PatternWalk(const PatternTree& tree)
 void PatternWalk::enter(std::string_view name) {
     const std::size_t count = reached_.size();
     for (std::size_t i = 0; i < count; ++i) {
-        const std::uint32_t node = reached_[i];
-        if (tree_[node].spans) {
-            reach(node);
-        }
-        tree_.forEachChild(node, name, [&](std::uint32_t child) { reach(child); });
+        reachFrom(reached_[i], name);
     }
     reached_.erase(reached_.begin(), reached_.begin() + static_cast<std::ptrdiff_t>(count));
+    forgetMarks();
+}
+
+void PatternWalk::enterFrom(const PatternWalk& above, std::string_view name) {
+    reached_.clear();
+    for (const std::uint32_t node : above.reached_) {
+        reachFrom(node, name);
+    }
     forgetMarks();
 }
 
@@ -47,6 +51,13 @@ bool PatternWalk::canMatchBelow() const {
         notBelow = std::max(notBelow, tree_[node].notBelow);
     }
     return below > notBelow;
+}
+
+void PatternWalk::reachFrom(std::uint32_t node, std::string_view name) {
+    if (tree_[node].spans) {
+        reach(node);
+    }
+    tree_.forEachChild(node, name, [&](std::uint32_t child) { reach(child); });
 }
 
 void PatternWalk::reach(std::uint32_t node) {

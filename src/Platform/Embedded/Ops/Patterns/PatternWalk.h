@@ -18,6 +18,9 @@ public:
 
     void enter(std::string_view name);
 
+    /// Goes to where `name` leads from where another walk, of the same tree, stands.
+    void enterFrom(const PatternWalk& above, std::string_view name);
+
     /// Nothing is reached here or below.
     bool isOver() const { return reached_.empty(); }
     /// Of the path walked so far.
@@ -26,6 +29,7 @@ public:
     bool canMatchBelow() const;
 
 private:
+    void reachFrom(std::uint32_t node, std::string_view name);
     void reach(std::uint32_t node);
     bool isNews(std::uint32_t mark);
     void forgetMarks();
