@@ -65,18 +65,24 @@ bool isPath(std::string_view text) {
            text.find("//") == std::string_view::npos;
 }
 
+std::string_view parentOf(std::string_view path) {
+    return path.substr(0, path.empty() ? 0 : path.rfind('/'));
+}
+
 void requireSameAsOneByOne(const PathPatterns& patterns,
                            const std::vector<Single>& singles,
                            std::string_view path) {
     bool matches = false;
+    bool isWithinMatch = patterns.isWithinMatch(parentOf(path));
     bool canMatchBelow = false;
     for (const Single& single : singles) {
         if (single.pattern.matches(path)) {
-            matches = !single.takesAway;
+            matches = isWithinMatch = !single.takesAway;
         }
         canMatchBelow |= !single.takesAway && single.pattern.canMatchBelow(path);
     }
     require(patterns.matches(path) == matches);
+    require(patterns.isWithinMatch(path) == isWithinMatch);
     require(canMatchBelow || !patterns.canMatchBelow(path));
 }
 
@@ -87,16 +93,14 @@ void requireSound(const PathPatterns& patterns,
     bool isSomethingBelow = false;
     while (!path.empty()) {
         requireSameAsOneByOne(patterns, singles, path);
-        const std::string_view parent = path.substr(0, path.rfind('/'));
         const bool matches = patterns.matches(path);
         const bool canMatchBelow = patterns.canMatchBelow(path);
-        require(patterns.matchesAtOrAbove(path) == (matches || patterns.matchesAtOrAbove(parent)));
         require(canMatchBelow || !isSomethingBelow);
         isSomethingBelow = matches || canMatchBelow;
-        path = parent;
+        path = parentOf(path);
     }
     requireSameAsOneByOne(patterns, singles, "");
-    require(!patterns.matches("") && !patterns.matchesAtOrAbove(""));
+    require(!patterns.matches("") && !patterns.isWithinMatch(""));
     require(patterns.canMatchBelow("") || !isSomethingBelow);
 }
 

@@ -4,6 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 using namespace ovtest;
 using namespace Sylvar3::internal::OvAttribute;
 using testing::ElementsAre;
@@ -48,6 +51,55 @@ TEST(DeleteAttributes, TakesPatternsForNames) {
     EXPECT_THAT(namesAt(*deleteAtA({"value*"}), "/root/a"), ElementsAre("type", "geometry"));
     EXPECT_THAT(namesAt(*deleteAtA({"*.{st,points}"}), "/root/a", "geometry"), ElementsAre());
     EXPECT_THAT(namesAt(*deleteAtA({"*"}), "/root/a"), ElementsAre());
+}
+
+TEST(DeleteAttributes, TakesAStarForNoMoreThanOneName) {
+    EXPECT_THAT(namesAt(*deleteAtA({"**"}), "/root/a"), ElementsAre());
+    EXPECT_THAT(namesAt(*deleteAtA({"**.st"}), "/root/a", "geometry"), ElementsAre("points"));
+    EXPECT_THAT(namesAt(*deleteAtA({"**.**.st"}), "/root/a", "geometry"),
+                ElementsAre("points", "st"));
+}
+
+TEST(DeleteAttributes, TakesANameWithDotsOrSlashesAsOne) {
+    const GroupAttribute group({{"x.y", IntAttribute(1)}, {"x/y", IntAttribute(2)}}, false);
+    const auto left = [&](const char* const name) {
+        const auto client = openOver(StaticScene().set("/root", "g", group),
+                                     "deleteAttributes",
+                                     Args().set("paths", "/root").set("names", name));
+        return namesAt(*client, "/root", "g");
+    };
+    EXPECT_THAT(left("g.x.y"), ElementsAre("x.y", "x/y"));
+    EXPECT_THAT(left("g.x/y"), ElementsAre("x.y"));
+    EXPECT_THAT(left("g.x?y"), ElementsAre());
+}
+
+TEST(DeleteAttributes, TakesVeryManyNames) {
+    StaticScene scene;
+    Names names;
+    for (int i = 0; i < 2000; ++i) {
+        const std::string number = std::to_string(i);
+        const std::string group = "group" + std::to_string(i % 10);
+        scene.set("/root", group + ".in" + number, i).set("/root", "own" + number, i);
+        const Names kinds = {
+            group + ".in" + number, "own" + number, "*.[ij]n" + number, "{own,other}" + number};
+        names.push_back(kinds[static_cast<std::size_t>(i) % kinds.size()]);
+    }
+    const auto client =
+        openOver(scene, "deleteAttributes", Args().set("paths", "/root").set("names", names));
+    for (int i = 0; i < 2000; ++i) {
+        const bool isOwn = i % 2 == 1;
+        const std::string number = std::to_string(i);
+        const std::string group = "group" + std::to_string(i % 10);
+        EXPECT_EQ(isOwn ? i : -1, intAt(*client, "/root", group + ".in" + number)) << i;
+        EXPECT_EQ(isOwn ? -1 : i, intAt(*client, "/root", "own" + number)) << i;
+    }
+}
+
+TEST(DeleteAttributes, RefusesNamesWhoseBracesStandForTooMuch) {
+    const std::string ten = "{0,1,2,3,4,5,6,7,8,9}";
+    const Names names(100, ten + ten + ten + std::string(200, 'x'));
+    EXPECT_THAT(errorAt(*deleteAtA(names), "/root"),
+                HasSubstr("with it the list's braces stand for more than 16777216 bytes"));
 }
 
 TEST(DeleteAttributes, TakesOfOverlappingNamesTheWidest) {

@@ -142,6 +142,8 @@ TEST(Duplicate, TellsWhatIsWrongWithItsArguments) {
          "argument \"transform\": expected a multiple of 16 numbers, found 2"},
         {Args().set("copies", 3).set("transform", doubles(Doubles(32, 0))),
          "argument \"transform\": expected a matrix for all copies, or for each of the 3, found 2"},
+        {Args().set("copies", 3).set("transform", doubles({})),
+         "argument \"transform\": expected a matrix for all copies, or for each of the 3, found 0"},
     };
     for (const Row& row : rows) {
         EXPECT_THAT(errorAt(*duplicate(row.arguments), "/root"), HasSubstr(row.reason));

@@ -150,6 +150,23 @@ TEST(Instance, StandsBesideTheChildrenThatItsParentHas) {
     EXPECT_EQ("mesh", textAt(*client, "/root/tree/crown", "type"));
 }
 
+TEST(Instance, MakesItsParentAloneOfEmptyLists) {
+    const Attribute none = doubles({});
+    const Args prototypes = Args().set("prototypes", "/root/tree");
+    for (const Args& lists : {Args(prototypes).set("matrices", none),
+                              Args(prototypes).set("positions", none),
+                              Args(prototypes)
+                                  .set("positions", none)
+                                  .set("orientations", none)
+                                  .set("scales", none)
+                                  .set("protoIndices", IntAttribute(std::vector<int>{}))}) {
+        const auto client = instance(lists);
+        EXPECT_THAT(pathsFrom(*client), ElementsAre("/root", "/root/lawn", "/root/wood"));
+        EXPECT_EQ("", errorAt(*client, "/root"));
+        EXPECT_FALSE(client->cookLocation("/root/wood/i0").doesLocationExist());
+    }
+}
+
 TEST(Instance, MovesWithTheSamplesOfItsLists) {
     const DoubleAttribute positions(TimedSamples<double>{{0.0F, {1, 0, 0}}, {0.5F, {2, 0, 0}}}, 3);
     const auto client = instance(Args()
@@ -245,10 +262,16 @@ TEST(Instance, TellsWhatIsWrongWithItsArguments) {
          "argument \"matrices\": expected a multiple of 16 numbers, found 1"},
         {twoTrees().set("orientations", doubles({0, 0, 0, 1})),
          "argument \"orientations\": expected 4 numbers for each of the 2 positions, found 4"},
+        {twoTrees().set("orientations", doubles({})),
+         "argument \"orientations\": expected 4 numbers for each of the 2 positions, found 0"},
+        {twoTrees().set("positions", doubles({})).set("orientations", doubles({0, 0, 0, 1})),
+         "argument \"orientations\": expected 4 numbers for each of the 0 positions, found 4"},
         {twoTrees().set("scales", doubles({1, 2, 3})),
          "argument \"scales\": expected 3 numbers for each of the 2 positions, found 3"},
         {Args().set("prototypes", "/root/rock").set("positions", moving).set("scales", late),
          "argument \"scales\": expected one sample, or samples at the times of the others"},
+        {twoTrees().set("protoIndices", IntAttribute(std::vector<int>{})),
+         "argument \"protoIndices\": expected one for each of the 2 instances, found 0"},
         {twoTrees().set("protoIndices", IntAttribute(std::vector<int>{0})),
          "argument \"protoIndices\": expected one for each of the 2 instances, found 1"},
         {twoTrees().set("protoIndices", IntAttribute(std::vector<int>{0, 3})),

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 
 namespace ovtest {
 
@@ -81,17 +82,31 @@ Texts namesOf(const std::string& path) {
     return names;
 }
 
-}  // namespace
-
-bool naiveMatches(const Texts& patterns, const std::string& path) {
-    bool matches = false;
+/// What the last pattern says that says something of the path.
+std::optional<bool> naiveVerdict(const Texts& patterns, const std::string& path) {
+    std::optional<bool> verdict;
     for (const std::string& pattern : patterns) {
         const bool takesAway = pattern[0] == '!';
         if (naivePath(namesOf(pattern.substr(takesAway ? 1 : 0)), 0, namesOf(path), 0)) {
-            matches = !takesAway;
+            verdict = !takesAway;
         }
     }
-    return matches && !path.empty();
+    return verdict;
+}
+
+}  // namespace
+
+bool naiveMatches(const Texts& patterns, const std::string& path) {
+    return !path.empty() && naiveVerdict(patterns, path).value_or(false);
+}
+
+bool naiveIsWithinMatch(const Texts& patterns, std::string path) {
+    for (; !path.empty(); path.erase(path.rfind('/'))) {
+        if (const std::optional<bool> verdict = naiveVerdict(patterns, path)) {
+            return *verdict;
+        }
+    }
+    return false;
 }
 
 }  // namespace ovtest

@@ -12,4 +12,8 @@ using Texts = std::vector<std::string>;
 /// everything. The patterns have to be right.
 bool naiveMatches(const Texts& patterns, const std::string& path);
 
+/// Whether it matches the nearest location, at or above the path, for which any pattern of the
+/// list matches or takes away.
+bool naiveIsWithinMatch(const Texts& patterns, std::string path);
+
 }  // namespace ovtest

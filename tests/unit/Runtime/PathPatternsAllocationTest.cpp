@@ -23,14 +23,14 @@ TEST(PathPatternsAllocations, AThousandPatternsAnswerWithoutAny) {
     const PathPatterns patterns(list);
     const std::string path = "/root/world/street17/house/name17_roof/left_17geo";
     bool matches = false;
-    bool matchesAbove = false;
+    bool isWithinMatch = false;
     bool canMatchBelow = false;
     EXPECT_EQ(0, allocationsIn([&] {
                   matches = patterns.matches(path);
-                  matchesAbove = patterns.matchesAtOrAbove(path);
+                  isWithinMatch = patterns.isWithinMatch(path);
                   canMatchBelow = patterns.canMatchBelow(path);
               }));
     EXPECT_FALSE(matches);
-    EXPECT_TRUE(matchesAbove);
+    EXPECT_FALSE(isWithinMatch);
     EXPECT_TRUE(canMatchBelow);
 }

@@ -98,8 +98,6 @@ struct Expected {
     Expected(const Texts& patterns, const Texts& universe) {
         for (const std::string& path : universe) {
             matches[path] = naiveMatches(patterns, path);
-            matchesAtOrAbove[path] =
-                matches[path] || (!path.empty() && matchesAtOrAbove[parentOf(path)]);
         }
         for (auto path = universe.rbegin(); !path->empty(); ++path) {
             matchesBelow[parentOf(*path)] |= matches[*path] || matchesBelow[*path];
@@ -107,7 +105,6 @@ struct Expected {
     }
 
     std::map<std::string, bool> matches;
-    std::map<std::string, bool> matchesAtOrAbove;
     std::map<std::string, bool> matchesBelow;
 };
 
@@ -220,7 +217,7 @@ TEST(PathPatterns, AnswerForListsAsAMatcherDoesThatTriesEverything) {
         for (const std::string& path : universe) {
             ASSERT_EQ(expected.matches[path], patterns.matches(path))
                 << testing::PrintToString(list) << " " << path;
-            ASSERT_EQ(expected.matchesAtOrAbove[path], patterns.matchesAtOrAbove(path))
+            ASSERT_EQ(naiveIsWithinMatch(list, path), patterns.isWithinMatch(path))
                 << testing::PrintToString(list) << " " << path;
             matching += expected.matches[path];
         }
@@ -297,6 +294,28 @@ TEST(PathPatterns, KnowWhatIsTakenAwayBelow) {
     }
 }
 
+TEST(PathPatterns, TellOfWhatIsWithinAMatchByTheNearestThatOneOfThemKnows) {
+    struct Row {
+        Texts patterns;
+        const char* path;
+        bool isWithinMatch;
+    };
+    for (const Row& row : {Row{{}, "/root", false},
+                           {{"/**"}, "", false},
+                           {{"/root/a"}, "/root", false},
+                           {{"/root/a"}, "/root/a/b/c", true},
+                           {{"/root/**", "!/root/a/**"}, "/root/b", true},
+                           {{"/root/**", "!/root/a/**"}, "/root/a", false},
+                           {{"/root/**", "!/root/a/**"}, "/root/a/b", false},
+                           {{"/root", "!/root/a"}, "/root/a/b", false},
+                           {{"!/root/a", "/root"}, "/root/a/b", false},
+                           {{"/root", "!/root/a", "/root/a/b"}, "/root/a/b/c", true},
+                           {{"/root/*", "!/root/*/a"}, "/root/x/b", true}}) {
+        EXPECT_EQ(row.isWithinMatch, PathPatterns(row.patterns).isWithinMatch(row.path))
+            << testing::PrintToString(row.patterns) << " " << row.path;
+    }
+}
+
 TEST(PathPatterns, MatchEachByItsOwnPatternOfVeryMany) {
     Texts list;
     for (int i = 0; i < 3000; ++i) {
@@ -362,7 +381,7 @@ TEST(PathPatterns, TakeNoLongerForVeryManyPatternsThatCouldMatchInVeryManyWays) 
     }
     const PathPatterns patterns(list);
     EXPECT_TRUE(patterns.matches(path));
-    EXPECT_TRUE(patterns.matchesAtOrAbove(path));
+    EXPECT_TRUE(patterns.isWithinMatch(path));
     EXPECT_TRUE(patterns.canMatchBelow(path));
     EXPECT_FALSE(patterns.matches(path + "/b"));
 }

@@ -96,6 +96,30 @@ TEST(Isolate, LeavesOutWhatAPatternTakesAway) {
                 ElementsAre("/root", "/root/a", "/root/a/x", "/root/a/x/p"));
 }
 
+TEST(Isolate, LeavesOutWhatAPatternTakesAwayBelowAMatch) {
+    const auto client =
+        OpTree()
+            .op("g", "generate", Args().set("seed", 4003).set("breadth", 3).set("depth", 2))
+            .op("i", "isolate", Args().set("paths", Names{"/root/**", "!/root/c1/**"}), {"g"})
+            .open();
+    EXPECT_THAT(pathsFrom(*client),
+                ElementsAre("/root",
+                            "/root/c0",
+                            "/root/c0/c0",
+                            "/root/c0/c1",
+                            "/root/c0/c2",
+                            "/root/c2",
+                            "/root/c2/c0",
+                            "/root/c2/c1",
+                            "/root/c2/c2"));
+}
+
+TEST(Isolate, KeepsWhatIsMatchedAgainBelowWhatIsTakenAway) {
+    EXPECT_THAT(
+        pathsFrom(*isolate({"/root", "!/root/a", "/root/a/x"})),
+        ElementsAre("/root", "/root/a", "/root/a/x", "/root/a/x/p", "/root/b", "/root/b/x"));
+}
+
 TEST(Isolate, LeavesNothingWhenNothingCanMatch) {
     EXPECT_THAT(pathsFrom(*isolate({})), ElementsAre());
     EXPECT_THAT(pathsFrom(*isolate({"/world/a"})), ElementsAre());

@@ -77,6 +77,9 @@ TEST(RenderSettings, TellsWhatIsWrongWithItsArguments) {
         {Args().set("tileRender", IntAttribute(std::vector<int>{1, 2, 3, 4, 5})),
          "argument \"tileRender\": expected column and row, and perhaps their numbers, found 5 "
          "numbers"},
+        {Args().set("tileRender", IntAttribute(std::vector<int>{})),
+         "argument \"tileRender\": expected column and row, and perhaps their numbers, found 0 "
+         "numbers"},
         {Args().set("tileRender", DoubleAttribute(1.0)),
          "argument \"tileRender\": expected ints, found double"},
     };

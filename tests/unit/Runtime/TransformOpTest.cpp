@@ -4,10 +4,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
+#include <string>
+
 using namespace ovtest;
 using namespace Sylvar3::internal::OvAttribute;
+using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 namespace {
 
@@ -107,6 +112,26 @@ TEST(Transform, AddsItselfInFrontSoThatItActsLast) {
     EXPECT_THAT(namesAt(*client, "/root/b", "xform"), ElementsAre("translate", "scale"));
 }
 
+TEST(Transform, AddsItselfAsOftenAsItIsTold) {
+    constexpr int kOften = 1000;
+    OpTree tree;
+    tree.op("0", "scene", Args().set("tree", scene().group()));
+    const Args add = Args().set("paths", "/root/a").set("mode", "add");
+    for (int i = 1; i <= kOften; ++i) {
+        tree.op(std::to_string(i),
+                "transform",
+                Args(add).set("translate", doubles({i * 1.0, 0, 0})),
+                {std::to_string(i - 1)});
+    }
+    const auto client = tree.open();
+    const auto names = namesAt(*client, "/root/a", "xform");
+    ASSERT_EQ(kOften + 1U, names.size());
+    EXPECT_EQ(names.size(), std::set<std::string>(names.begin(), names.end()).size());
+    EXPECT_THAT(names, Each(StartsWith("translate")));
+    EXPECT_EQ((Doubles{kOften, 0, 0}), doublesAt(*client, "/root/a", "xform." + names.front()));
+    EXPECT_EQ((Doubles{1, 2, 3}), doublesAt(*client, "/root/a", "xform." + names.back()));
+}
+
 TEST(Transform, AddsItselfBehindAnOriginWhichForgetsWhatIsInFront) {
     const GroupAttribute own({{"matrix", doubles(translation(1, 1, 1))},
                               {"originReset", IntAttribute(1)},
@@ -134,6 +159,9 @@ TEST(Transform, TellsWhatIsWrongWithItsArguments) {
         {Args().set("sampleTimes", doubles({0, 1})).set("rotate", doubles(Doubles(12, 0))),
          "argument \"rotate\": expected 4 numbers for all, or for each of the 2 sample times, "
          "found 12"},
+        {Args().set("sampleTimes", doubles({0, 1})).set("scale", doubles({})),
+         "argument \"scale\": expected 3 numbers for all, or for each of the 2 sample times, "
+         "found 0"},
         {Args().set("translate", doubles({1, 2, 3})).set("mode", "append"),
          "argument \"mode\": expected one of \"replace\" \"add\", found \"append\""},
         {Args().set("translation", doubles({1, 2, 3})), "did you mean \"translate\"?"},

@@ -163,7 +163,7 @@ NumberList Arguments::getNumbers(const char* name, std::size_t count, bool isLis
     const OvAttribute::Attribute value = group_.getChildByName(name);
     NumberList numbers(value);
     const bool isRight = isList ? numbers.size() % count == 0 : numbers.size() == count;
-    if (value && (numbers.isEmpty() || !isRight)) {
+    if (value && !isRight) {
         const std::string wanted = std::to_string(count);
         fail(name,
              (isList ? "a multiple of " + wanted : wanted) + " numbers, found " +

@@ -48,8 +48,8 @@ public:
 
     OvAttribute::GroupAttribute getGroup(const char* name) const;
 
-    /// As many numbers in each sample as `count` says, or a multiple of that when `isList`; none
-    /// when the argument is not there.
+    /// As many numbers in each sample as `count` says, or a multiple of that when `isList`, which
+    /// none is, too; none when the argument is not there.
     NumberList getNumbers(const char* name, std::size_t count, bool isList) const;
 
     /// For a text that has to be the path of a location.

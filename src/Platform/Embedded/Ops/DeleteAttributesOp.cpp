@@ -52,7 +52,8 @@ private:
         "Removes attributes of the locations that its patterns match.",
         "A name with dots reaches into groups: `geometry.st` removes one child of \"geometry\", "
         "whose others stay. Each piece of a name can be a pattern as one name of a path can: "
-        "`value*`, `material.nodes.*`. A location that has none of them is handed on as it is.",
+        "`value*`, `material.nodes.*`; `**` is no more than `*`. A location that has none of them "
+        "is handed on as it is.",
         1,
         1,
         {

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Arguments.h"
+#include "Platform/Embedded/Ops/Copies/MatrixPowers.h"
+#include "Platform/Embedded/Ops/Copies/MatrixValue.h"
+#include "Platform/Embedded/Ops/Copies/NumberedNames.h"
 #include "Platform/Embedded/Ops/Locations/LocationChange.h"
-#include "Platform/Embedded/Ops/Locations/MatrixPowers.h"
-#include "Platform/Embedded/Ops/Locations/MatrixValue.h"
-#include "Platform/Embedded/Ops/Locations/NumberedNames.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Support/OnceBuilt.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -36,14 +35,8 @@ public:
         if (path == parent_) {
             return cookParent(cook, out);
         }
-        const std::size_t begin = parent_.size() + 1;
-        if (path.size() > begin && path.substr(0, parent_.size()) == parent_ &&
-            path[parent_.size()] == '/') {
-            const std::size_t end = std::min(path.find('/', begin), path.size());
-            const std::int64_t copy = copies_.find(path.substr(begin, end - begin));
-            if (copy >= 0) {
-                return cookCopy(cook, static_cast<std::size_t>(copy), path.substr(end), out);
-            }
+        if (const auto copy = copies_.find(parent_, path)) {
+            return cookCopy(cook, *copy, out);
         }
         out.pass(cook.input(0));
     }
@@ -59,12 +52,12 @@ private:
         writeWithChildren(parent, copies_.list(text), out);
     }
 
-    void cookCopy(Cook& cook, std::size_t copy, std::string_view rest, LocationWriter& out) const {
-        const Location original = cook.input(0, source_ + std::string(rest));
-        if (!original.exists() || !rest.empty() || matrices_.isEmpty()) {
+    void cookCopy(Cook& cook, const NumberedNames::Copy& copy, LocationWriter& out) const {
+        const Location original = cook.input(0, source_ + std::string(copy.rest));
+        if (!original.exists() || !copy.rest.empty() || matrices_.isEmpty()) {
             return out.pass(original);
         }
-        writeMoved(original, matrixOf(copy, out), out);
+        writeMoved(original, matrixOf(copy.place, out), out);
     }
 
     LocationWriter::Value* matrixOf(std::size_t copy, LocationWriter& out) const {
@@ -91,7 +84,7 @@ std::string nameOf(const std::string& path) {
 NumberList readMatrices(const Arguments& arguments, std::uint32_t copies) {
     NumberList matrices = arguments.getNumbers("transform", kMatrixSize, true);
     const std::size_t count = matrices.size() / kMatrixSize;
-    if (count > 1 && count != copies) {
+    if (arguments.has("transform") && count != 1 && count != copies) {
         Arguments::fail("transform",
                         "a matrix for all copies, or for each of the " + std::to_string(copies) +
                             ", found " + std::to_string(count));

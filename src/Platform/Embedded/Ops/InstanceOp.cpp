@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Arguments.h"
-#include "Platform/Embedded/Ops/Locations/InstanceTransforms.h"
+#include "Platform/Embedded/Ops/Copies/InstanceTransforms.h"
+#include "Platform/Embedded/Ops/Copies/NumberedNames.h"
 #include "Platform/Embedded/Ops/Locations/LocationChange.h"
-#include "Platform/Embedded/Ops/Locations/NumberedNames.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Embedded/Runtime/MountPath.h"
 #include "Platform/Support/OnceBuilt.h"
 
-#include <algorithm>
 #include <limits>
 #include <string>
 #include <utility>
@@ -32,7 +31,7 @@ public:
         for (const std::string& path : prototypes_) {
             Arguments::checkPath("prototypes", path);
         }
-        if (!indices_.isEmpty()) {
+        if (arguments.has("protoIndices")) {
             checkIndices(instanceCount);
         }
     }
@@ -80,24 +79,16 @@ public:
 
     void cook(Cook& cook, LocationWriter& out) const override {
         const std::string_view path = cook.path();
-        switch (parent_.placeOf(path)) {
-            case MountPath::Place::Above:
-                return writeWithChildren(cook.input(0), {parent_.nextName(path)}, out);
-            case MountPath::Place::Beside:
-                return out.pass(cook.input(0));
-            case MountPath::Place::Inside:
-                break;
+        if (parent_.placeOf(path) == MountPath::Place::Above) {
+            return writeWithChildren(cook.input(0), {parent_.nextName(path)}, out);
         }
         if (path == parent_.path()) {
             return cookParent(cook, out);
         }
-        const std::size_t begin = parent_.path().size() + 1;
-        const std::size_t end = std::min(path.find('/', begin), path.size());
-        const std::int64_t instance = names_.find(path.substr(begin, end - begin));
-        if (instance < 0) {
-            return out.pass(cook.input(0));
+        if (const auto copy = names_.find(parent_.path(), path)) {
+            return cookInstance(cook, *copy, out);
         }
-        cookInstance(cook, static_cast<std::size_t>(instance), path.substr(end), out);
+        out.pass(cook.input(0));
     }
 
 private:
@@ -108,19 +99,16 @@ private:
         writeWithChildren(parent, names_.list(text), out);
     }
 
-    void cookInstance(Cook& cook,
-                      std::size_t instance,
-                      std::string_view rest,
-                      LocationWriter& out) const {
-        const std::string& prototype = prototypes_[instance];
-        const Location original = cook.input(prototypeInput_, prototype + std::string(rest));
-        if (!rest.empty()) {
+    void cookInstance(Cook& cook, const NumberedNames::Copy& copy, LocationWriter& out) const {
+        const std::string& prototype = prototypes_[copy.place];
+        const Location original = cook.input(prototypeInput_, prototype + std::string(copy.rest));
+        if (!copy.rest.empty()) {
             return out.pass(original);
         }
         if (!original.exists()) {
             throw OpError("argument \"prototypes\": there is no location " + prototype);
         }
-        writeMoved(original, transforms_.write(instance, out), out);
+        writeMoved(original, transforms_.write(copy.place, out), out);
     }
 
     const PrototypeChoice prototypes_;

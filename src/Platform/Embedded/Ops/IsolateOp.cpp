@@ -20,7 +20,7 @@ public:
 
     void cook(Cook& cook, LocationWriter& out) const override {
         const std::string_view path = cook.path();
-        if (!path.empty() && !paths_.matchesAtOrAbove(path) && !paths_.canMatchBelow(path)) {
+        if (!path.empty() && !paths_.isWithinMatch(path) && !paths_.canMatchBelow(path)) {
             return out.setAbsent();
         }
         out.pass(cook.input(0));
@@ -45,11 +45,12 @@ private:
     const OpSchema schema_ = {
         "isolate",
         "Keeps the locations that its patterns match, with all below them, and the way to them.",
+        "What `!` takes away goes with all below it, but for what is matched there again: "
+        "`/root/**`, `!/root/c1/**` keeps all but /root/c1. Of the locations above one, and it "
+        "itself, the nearest for which a pattern says something decides.\n\n"
         "It does not search: a location stays when its patterns could match one below it, whether "
         "there is one or not. What is on the way keeps its attributes. The names of removed "
-        "locations stay among the potential children of the location above. What `!` takes away "
-        "stays "
-        "all the same when a location above it is kept; `prune` removes it.",
+        "locations stay among the potential children of the location above.",
         1,
         1,
         {{"paths", "strings", nullptr, "Patterns for the paths of the locations to keep."}},

@@ -49,7 +49,7 @@ void checkOutputs(const GroupAttribute& outputs) {
 }
 
 void checkTile(const NumberList& tile) {
-    if (!tile.isEmpty() && tile.size() != 2 && tile.size() != 4) {
+    if (tile.size() != 2 && tile.size() != 4) {
         Arguments::fail("tileRender",
                         "column and row, and perhaps their numbers, found " +
                             std::to_string(tile.size()) + " numbers");
@@ -65,7 +65,9 @@ public:
                                        const std::string& /*place*/) const override {
         const Arguments arguments(schema_, group);
         checkOutputs(arguments.getGroup("outputs"));
-        checkTile(arguments.getNumbers("tileRender", 1, true));
+        if (arguments.has("tileRender")) {
+            checkTile(arguments.getNumbers("tileRender", 1, true));
+        }
         if (arguments.has("camera")) {
             arguments.getPath("camera", "");
         }

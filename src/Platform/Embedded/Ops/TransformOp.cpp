@@ -89,7 +89,8 @@ DoubleAttribute spread(const Part& part, const NumberList& numbers, const Number
 /// Null when it is not there.
 DoubleAttribute readPart(const Arguments& arguments, const Part& part, const NumberList& times) {
     const NumberList numbers = arguments.getNumbers(part.name, part.size, !times.isEmpty());
-    const bool isSpread = !times.isEmpty() && numbers.size() > part.size;
+    const bool isSpread =
+        !times.isEmpty() && arguments.has(part.name) && numbers.size() != part.size;
     return isSpread ? spread(part, numbers, times) : numbers.asDoubles(part.size);
 }
 

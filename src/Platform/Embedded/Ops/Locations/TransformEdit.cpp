@@ -22,10 +22,11 @@ std::int64_t endOfOrigin(const GroupValue& transform) {
     return end;
 }
 
-/// A name of the same meaning, which is told by how it begins.
+/// A name of the same meaning, which is told by how it begins. The number of children is seldom
+/// taken, however often a name was added before.
 std::string freeName(std::string_view name, const GroupValue& taken) {
     std::string free(name);
-    for (int number = 1; taken.shape->find(free) >= 0; ++number) {
+    for (std::int64_t number = taken.size(); taken.shape->find(free) >= 0; ++number) {
         free = std::string(name) + "_" + std::to_string(number);
     }
     return free;

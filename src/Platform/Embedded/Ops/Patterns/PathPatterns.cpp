@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Patterns/PathPatterns.h"
 
+#include "Platform/Embedded/Ops/Patterns/PatternList.h"
 #include "Platform/Embedded/Ops/Patterns/PatternWalk.h"
 #include "Platform/Embedded/Runtime/Op.h"
-
-#include <algorithm>
-#include <cstddef>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
@@ -42,39 +40,10 @@ PathPattern read(std::string_view text) {
     return pattern;
 }
 
-/// How much text the braces of a list may make of it.
-constexpr std::size_t kMostBraceBytes = 1 << 24;
-
-std::size_t bytesOf(const PathPattern& pattern) {
-    std::size_t bytes = 0;
-    for (const PathPattern::Name& name : pattern.names) {
-        for (const NamePattern& alternative : name.alternatives) {
-            bytes += name.alternatives.size() > 1 ? alternative.text().size() : 0;
-        }
-    }
-    return bytes;
-}
-
-std::vector<PathPattern> readAll(const std::vector<std::string>& texts) {
-    std::vector<PathPattern> patterns;
-    std::size_t braceBytes = 0;
-    for (const std::string& text : texts) {
-        try {
-            braceBytes += bytesOf(patterns.emplace_back(read(text)));
-            if (braceBytes > kMostBraceBytes) {
-                throw OpError("with it the list's braces stand for more than " +
-                              std::to_string(kMostBraceBytes) + " bytes");
-            }
-        } catch (const OpError& error) {
-            throw OpError("pattern \"" + text + "\": " + error.what());
-        }
-    }
-    return patterns;
-}
-
 }  // namespace
 
-PathPatterns::PathPatterns(const std::vector<std::string>& patterns) : tree_(readAll(patterns)) {}
+PathPatterns::PathPatterns(const std::vector<std::string>& patterns)
+    : tree_(readPatterns("pattern", patterns, read)) {}
 
 bool PathPatterns::matches(std::string_view path) const {
     const bool isAboveAll = path.empty();
@@ -85,15 +54,15 @@ bool PathPatterns::matches(std::string_view path) const {
     return !isAboveAll && walk.matches();
 }
 
-bool PathPatterns::matchesAtOrAbove(std::string_view path) const {
+bool PathPatterns::isWithinMatch(std::string_view path) const {
     PatternWalk walk(tree_);
+    Verdict nearest = kNoVerdict;
     while (!path.empty() && !walk.isOver()) {
         walk.enter(takeName(path));
-        if (walk.matches()) {
-            return true;
-        }
+        const Verdict here = walk.verdict();
+        nearest = here == kNoVerdict ? nearest : here;
     }
-    return false;
+    return isMatch(nearest);
 }
 
 bool PathPatterns::canMatchBelow(std::string_view path) const {

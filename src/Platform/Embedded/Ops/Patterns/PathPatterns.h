@@ -31,8 +31,10 @@ public:
     /// Whether the list matches the location. False for "".
     bool matches(std::string_view path) const;
 
-    /// Whether the list matches the location or one above it. False for "".
-    bool matchesAtOrAbove(std::string_view path) const;
+    /// Whether the location is part of what the list matches, with all below it: of the locations
+    /// at and above `path` the nearest for which some pattern matches, or takes away, decides.
+    /// False for "".
+    bool isWithinMatch(std::string_view path) const;
 
     /// Whether the list could match a location strictly below `path`. False only if it matches
     /// none, whatever locations there are; then it is false for all below, too. A list without "!"

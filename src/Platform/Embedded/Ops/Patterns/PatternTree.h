@@ -12,8 +12,10 @@
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
 /// What a pattern says of the paths that it matches: its place in the list, from one, times two,
-/// and one more unless it takes away. Of several the greatest decides; 0 is none.
+/// and one more unless it takes away. Of several the greatest decides.
 using Verdict = std::uint32_t;
+
+constexpr Verdict kNoVerdict = 0;
 
 inline bool isMatch(Verdict verdict) {
     return verdict % 2 == 1;
@@ -54,9 +56,10 @@ public:
         std::uint32_t mark = kNone;
         std::uint32_t firstShape = 0;
         std::uint32_t endOfShapes = 0;
-        Verdict verdict = 0;   ///< Of the paths that reach it.
-        Verdict below = 0;     ///< The greatest match of paths strictly below one that reaches it.
-        Verdict notBelow = 0;  ///< The greatest that takes away all those paths.
+        Verdict verdict = kNoVerdict;  ///< Of the paths that reach it.
+        Verdict below =
+            kNoVerdict;  ///< The greatest match of paths strictly below one that reaches it.
+        Verdict notBelow = kNoVerdict;  ///< The greatest that takes away all those paths.
     };
 
     explicit PatternTree(const std::vector<PathPattern>& patterns);

@@ -21,32 +21,43 @@ PatternWalk::PatternWalk(const PatternTree& tree)
 void PatternWalk::enter(std::string_view name) {
     const std::size_t count = reached_.size();
     for (std::size_t i = 0; i < count; ++i) {
-        const std::uint32_t node = reached_[i];
-        if (tree_[node].spans) {
-            reach(node);
-        }
-        tree_.forEachChild(node, name, [&](std::uint32_t child) { reach(child); });
+        reachFrom(reached_[i], name);
     }
     reached_.erase(reached_.begin(), reached_.begin() + static_cast<std::ptrdiff_t>(count));
     forgetMarks();
 }
 
-bool PatternWalk::matches() const {
-    Verdict last = 0;
+void PatternWalk::enterFrom(const PatternWalk& above, std::string_view name) {
+    reached_.clear();
+    for (const std::uint32_t node : above.reached_) {
+        reachFrom(node, name);
+    }
+    forgetMarks();
+}
+
+Verdict PatternWalk::verdict() const {
+    Verdict last = kNoVerdict;
     for (const std::uint32_t node : reached_) {
         last = std::max(last, tree_[node].verdict);
     }
-    return isMatch(last);
+    return last;
 }
 
 bool PatternWalk::canMatchBelow() const {
-    Verdict below = 0;
-    Verdict notBelow = 0;
+    Verdict below = kNoVerdict;
+    Verdict notBelow = kNoVerdict;
     for (const std::uint32_t node : reached_) {
         below = std::max(below, tree_[node].below);
         notBelow = std::max(notBelow, tree_[node].notBelow);
     }
     return below > notBelow;
+}
+
+void PatternWalk::reachFrom(std::uint32_t node, std::string_view name) {
+    if (tree_[node].spans) {
+        reach(node);
+    }
+    tree_.forEachChild(node, name, [&](std::uint32_t child) { reach(child); });
 }
 
 void PatternWalk::reach(std::uint32_t node) {

@@ -18,12 +18,18 @@ public:
 
     void enter(std::string_view name);
 
+    /// Goes to where `name` leads from where another walk, of the same tree, stands.
+    void enterFrom(const PatternWalk& above, std::string_view name);
+
     /// Nothing is reached here or below.
     bool isOver() const { return reached_.empty(); }
-    bool matches() const;
+    /// Of the path walked so far.
+    Verdict verdict() const;
+    bool matches() const { return isMatch(verdict()); }
     bool canMatchBelow() const;
 
 private:
+    void reachFrom(std::uint32_t node, std::string_view name);
     void reach(std::uint32_t node);
     bool isNews(std::uint32_t mark);
     void forgetMarks();

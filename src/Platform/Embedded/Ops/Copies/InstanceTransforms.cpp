@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/Locations/InstanceTransforms.h"
+#include "Platform/Embedded/Ops/Copies/InstanceTransforms.h"
 
-#include "Platform/Embedded/Ops/Locations/MatrixValue.h"
+#include "Platform/Embedded/Ops/Copies/MatrixValue.h"
 
 #include <Imath/ImathQuat.h>
 
@@ -77,7 +77,7 @@ NumberList InstanceTransforms::readPart(const Arguments& arguments,
                                         std::size_t size,
                                         std::size_t count) {
     NumberList numbers = arguments.getNumbers(name, 1, true);
-    if (!numbers.isEmpty() && numbers.size() != size * count) {
+    if (arguments.has(name) && numbers.size() != size * count) {
         Arguments::fail(name,
                         std::to_string(size) + " numbers for each of the " + std::to_string(count) +
                             " positions, found " + std::to_string(numbers.size()));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/Locations/NumberedNames.h"
+#include "Platform/Embedded/Ops/Copies/NumberedNames.h"
 
 #include "Platform/Embedded/Runtime/Op.h"
 
@@ -14,7 +14,23 @@ constexpr std::size_t kMostDigits = std::numeric_limits<std::uint32_t>::digits10
 
 }  // namespace
 
-std::int64_t NumberedNames::find(std::string_view name) const {
+std::optional<NumberedNames::Copy> NumberedNames::find(std::string_view parent,
+                                                       std::string_view path) const {
+    const bool isBelow = path.size() > parent.size() && path.substr(0, parent.size()) == parent &&
+                         path[parent.size()] == '/';
+    if (!isBelow) {
+        return std::nullopt;
+    }
+    path.remove_prefix(parent.size() + 1);
+    const std::string_view name = path.substr(0, path.find('/'));
+    const std::int64_t place = placeOf(name);
+    if (place < 0) {
+        return std::nullopt;
+    }
+    return Copy{static_cast<std::size_t>(place), path.substr(name.size())};
+}
+
+std::int64_t NumberedNames::placeOf(std::string_view name) const {
     if (name.substr(0, prefix_.size()) != prefix_) {
         return -1;
     }
@@ -46,7 +62,7 @@ std::vector<std::string_view> NumberedNames::list(std::string& text) const {
 void NumberedNames::checkThatNoneIsIn(const Location& location) const {
     for (std::uint32_t i = 0; location.exists() && i < location.names().count; ++i) {
         const std::string_view name = location.names()[i];
-        if (find(name) >= 0) {
+        if (placeOf(name) >= 0) {
             throw OpError("there is a child \"" + std::string(name) +
                           "\" already, which has the name of a copy");
         }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/Embedded/Ops/Locations/MatrixValue.h"
+#include "Platform/Embedded/Ops/Copies/MatrixValue.h"
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 

@@ -3,7 +3,9 @@
 
 #include "Platform/Embedded/Runtime/Location.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,8 +22,14 @@ public:
 
     std::uint32_t count() const { return count_; }
 
-    /// The place of a name, from 0; -1 when it is none of them.
-    std::int64_t find(std::string_view name) const;
+    /// One of the copies, and the rest of a path behind its name: "" or "/name/name".
+    struct Copy {
+        std::size_t place = 0;  ///< From 0.
+        std::string_view rest;
+    };
+
+    /// The copy, of those below `parent`, at which a path is or below which it is.
+    std::optional<Copy> find(std::string_view parent, std::string_view path) const;
 
     /// All of them, as views of the text, which is replaced.
     std::vector<std::string_view> list(std::string& text) const;
@@ -30,6 +38,9 @@ public:
     void checkThatNoneIsIn(const Location& location) const;
 
 private:
+    /// From 0; -1 when the name is none of them.
+    std::int64_t placeOf(std::string_view name) const;
+
     std::string prefix_;
     std::uint32_t first_;
     std::uint32_t count_;
