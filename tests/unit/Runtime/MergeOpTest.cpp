@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/OpTree.h"
+#include "support/RuntimeCounts.h"
 #include "support/RuntimeWalk.h"
 #include "support/StaticScene.h"
 
 #include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
 
 using namespace ovtest;
 using namespace Sylvar3::internal::OvAttribute;
@@ -62,6 +67,39 @@ TEST(Merge, TakesTheAttributesOfAllGroupByGroup) {
     EXPECT_EQ(2, intAt(*client, "/root/a", "g.y"));
     EXPECT_EQ(1, intAt(*client, "/root/a", "k"));
     EXPECT_EQ(2, intAt(*client, "/root/a", "l"));
+}
+
+TEST(Merge, TakesTheGroupsOfOneNameFromAllInputs) {
+    OpTree tree;
+    addScene(tree, "a", StaticScene().set("/root/a", "g.h.x", 1).set("/root/a", "k", 1));
+    addScene(tree, "b", StaticScene().set("/root/a", "g", 2).set("/root/a", "l.x", 2));
+    addScene(tree, "c", StaticScene().set("/root/a", "g.h.y", 3).set("/root/a", "l.y", 3));
+    addScene(tree, "d", StaticScene().set("/root/a", "g.h.y", 4).set("/root/a", "l.z", 4));
+    const auto client =
+        tree.op("m", "merge", Args().set("attributes", "deep"), {"a", "b", "c", "d"}).open();
+    const std::vector<std::pair<const char*, int>> expected = {
+        {"g.h.x", 1}, {"g.h.y", 3}, {"k", 1}, {"l.x", 2}, {"l.y", 3}, {"l.z", 4}};
+    for (const auto& [name, value] : expected) {
+        EXPECT_EQ(value, intAt(*client, "/root/a", name)) << name;
+    }
+}
+
+TEST(Merge, TakesMemoryForItsResultHoweverManyInputsThereAre) {
+    constexpr int kCount = 2000;
+    OpTree tree;
+    std::vector<std::string> inputs;
+    for (int i = 0; i < kCount; ++i) {
+        const std::string number = std::to_string(i);
+        inputs.push_back("s" + number);
+        addScene(tree,
+                 inputs.back().c_str(),
+                 StaticScene().set("/root/a", "x" + number, i).set("/root/a", "g.y" + number, i));
+    }
+    const auto client = tree.op("m", "merge", Args().set("attributes", "deep"), inputs).open();
+    const std::int64_t before = RuntimeCounts(*client).store("bytes");
+    EXPECT_EQ(kCount - 1, intAt(*client, "/root/a", "g.y1999"));
+    EXPECT_EQ(kCount - 1, intAt(*client, "/root/a", "x1999"));
+    EXPECT_GT(1000 * kCount, RuntimeCounts(*client).store("bytes") - before);
 }
 
 TEST(Merge, HandsOnTheVeryLocationThatOneInputAloneHas) {

@@ -59,14 +59,15 @@ private:
 
     LocationWriter::GroupValue* mergedAttributes(const std::vector<Location>& present,
                                                  LocationWriter& out) const {
-        LocationWriter::GroupValue* merged = present.front().attributes();
         if (attributes_ == Attributes::First) {
-            return static_cast<LocationWriter::GroupValue*>(out.keep(*merged));
+            return static_cast<LocationWriter::GroupValue*>(
+                out.keep(*present.front().attributes()));
         }
-        for (std::size_t i = 1; i < present.size(); ++i) {
-            merged = mergeUnder(*merged, *present[i].attributes(), out);
+        GroupList groups;
+        for (const Location& location : present) {
+            groups.push_back(location.attributes());
         }
-        return merged;
+        return mergeGroups(groups, out);
     }
 
     Attributes attributes_;
