@@ -34,6 +34,13 @@ int intAt(const SylvarRuntime::Client& client, const char* path, const char* nam
     return client.cookLocation(path).getAttrs().getChild<IntAttribute>(name).getValue(-1);
 }
 
+std::string errorAt(const SylvarRuntime::Client& client, const char* path) {
+    return client.cookLocation(path)
+        .getAttrs()
+        .getChild<StringAttribute>("errorMessage")
+        .getValue("");
+}
+
 }  // namespace
 
 TEST(Merge, IsTheUnionOfItsInputsInTheirOrder) {
@@ -53,6 +60,29 @@ TEST(Merge, TakesTheAttributesOfTheFirstThatHasTheLocation) {
     EXPECT_EQ(1, intAt(*client, "/root/a", "x"));
     EXPECT_EQ(-1, intAt(*client, "/root/a", "y"));
     EXPECT_EQ(2, intAt(*client, "/root/b", "x"));
+}
+
+TEST(Merge, KeepsTheErrorOfAnyInput) {
+    OpTree tree;
+    addScene(tree, "a", StaticScene().set("/root/a", "x", 1).set("/root/b", "errorMessage", "b1"));
+    addScene(tree, "b", StaticScene().set("/root/a", "x", 2));
+    addScene(
+        tree,
+        "c",
+        StaticScene().set("/root/a", "errorMessage", "a3").set("/root/b", "errorMessage", "b3"));
+    addScene(tree, "d", StaticScene().set("/root/a", "errorMessage", "a4").set("/root/a", "y", 4));
+    for (const char* const attributes : {"first", "deep"}) {
+        const auto client =
+            OpTree(tree)
+                .op("m", "merge", Args().set("attributes", attributes), {"a", "b", "c", "d"})
+                .open();
+        EXPECT_EQ("a3", errorAt(*client, "/root/a")) << attributes;
+        EXPECT_EQ("b1", errorAt(*client, "/root/b")) << attributes;
+        EXPECT_EQ("", errorAt(*client, "/root")) << attributes;
+        EXPECT_EQ(1, intAt(*client, "/root/a", "x")) << attributes;
+    }
+    const auto first = tree.op("m", "merge", GroupAttribute(), {"a", "b", "c", "d"}).open();
+    EXPECT_EQ(-1, intAt(*first, "/root/a", "y"));
 }
 
 TEST(Merge, TakesTheAttributesOfAllGroupByGroup) {
@@ -128,9 +158,6 @@ TEST(Merge, RefusesGroupsThatAreNestedTooDeeply) {
     EXPECT_EQ(
         "merge (op 3 of 3), /root/a: groups are nested more than 200 levels deep, and cannot "
         "be merged",
-        client->cookLocation("/root/a")
-            .getAttrs()
-            .getChild<StringAttribute>("errorMessage")
-            .getValue(""));
+        errorAt(*client, "/root/a"));
     EXPECT_TRUE(client->cookLocation("/root/b").doesLocationExist());
 }

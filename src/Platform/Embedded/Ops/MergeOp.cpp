@@ -2,6 +2,7 @@
 #include "Platform/Embedded/Ops/Arguments.h"
 #include "Platform/Embedded/Ops/Locations/AttributeMerge.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
+#include "Platform/Embedded/Runtime/AttributeEdit.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Support/OnceBuilt.h"
 
@@ -13,6 +14,8 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 using OvAttribute::GroupAttribute;
 
 namespace {
+
+constexpr std::string_view kErrorMessage = "errorMessage";
 
 enum class Attributes { First, Deep };
 
@@ -57,11 +60,29 @@ private:
         return names;
     }
 
+    static LocationWriter::GroupValue* attributesOfFirst(const std::vector<Location>& present,
+                                                         LocationWriter& out) {
+        AttributeEdit attributes(present.front());
+        if (LocationWriter::Value* const error = nearestError(present)) {
+            attributes.set(kErrorMessage, error);
+        }
+        return attributes.write(out);
+    }
+
+    /// Null when no input has one.
+    static LocationWriter::Value* nearestError(const std::vector<Location>& present) {
+        for (const Location& location : present) {
+            if (LocationWriter::Value* const error = location.attributes()->find(kErrorMessage)) {
+                return error;
+            }
+        }
+        return nullptr;
+    }
+
     LocationWriter::GroupValue* mergedAttributes(const std::vector<Location>& present,
                                                  LocationWriter& out) const {
         if (attributes_ == Attributes::First) {
-            return static_cast<LocationWriter::GroupValue*>(
-                out.keep(*present.front().attributes()));
+            return attributesOfFirst(present, out);
         }
         GroupList groups;
         for (const Location& location : present) {
@@ -90,7 +111,8 @@ private:
         "merge",
         "The union of the inputs' scenes: a location is there when any input has it.",
         "Children come in the order of the inputs, each name once. A location that one "
-        "input alone has is handed on as it is.",
+        "input alone has is handed on as it is. The error of any input is kept: where the first "
+        "has no \"errorMessage\", that of the nearest input which has one is there.",
         1,
         kAnyNumberOfInputs,
         {
