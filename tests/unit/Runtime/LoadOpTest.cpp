@@ -13,10 +13,13 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <filesystem>
 #include <functional>
 #include <stdexcept>
 #include <string>
 #include <utility>
+
+#include <sys/stat.h>
 
 using namespace ovtest;
 using namespace Sylvar3::internal::OvAttribute;
@@ -25,6 +28,7 @@ using Sylvar3::OvAssetHost::v1::OvAssetPluginManager;
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 namespace {
 
@@ -105,7 +109,20 @@ TEST(Load, TellsWhatIsWrongWithAFile) {
         EXPECT_EQ(2, countFrom(*client, "/root"));
         EXPECT_EQ(1U, logs.take().size());
     }
-    EXPECT_THAT(errorAt(*load(OV_TEST_OUTPUT_DIR), "/root"), HasSubstr(OV_TEST_OUTPUT_DIR));
+}
+
+TEST(Load, RefusesWhatIsNoPlainFile) {
+    HeardLogs logs;
+    const TestFile pipe("load_pipe.optree");
+    const TestFile link("load_pipe_link.optree");
+    ASSERT_EQ(0, mkfifo(pipe.path().c_str(), 0600));
+    std::filesystem::create_symlink(pipe.path(), link.path());
+    for (const std::string& path :
+         {pipe.path(), link.path(), std::string(OV_TEST_OUTPUT_DIR), std::string("/dev/zero")}) {
+        EXPECT_EQ("load (op 1 of 1), /root: " + path + ": it is no plain file",
+                  errorAt(*load(path), "/root"));
+        EXPECT_THAT(logs.take(), SizeIs(1)) << path;
+    }
 }
 
 TEST(Load, DoesNotOpenAFileBeforeItIsNeeded) {

@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/OpTree.h"
+#include "support/RuntimeCounts.h"
 #include "support/RuntimeWalk.h"
 #include "support/StaticScene.h"
 
 #include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
 
 using namespace ovtest;
 using namespace Sylvar3::internal::OvAttribute;
@@ -29,6 +34,13 @@ int intAt(const SylvarRuntime::Client& client, const char* path, const char* nam
     return client.cookLocation(path).getAttrs().getChild<IntAttribute>(name).getValue(-1);
 }
 
+std::string errorAt(const SylvarRuntime::Client& client, const char* path) {
+    return client.cookLocation(path)
+        .getAttrs()
+        .getChild<StringAttribute>("errorMessage")
+        .getValue("");
+}
+
 }  // namespace
 
 TEST(Merge, IsTheUnionOfItsInputsInTheirOrder) {
@@ -50,6 +62,29 @@ TEST(Merge, TakesTheAttributesOfTheFirstThatHasTheLocation) {
     EXPECT_EQ(2, intAt(*client, "/root/b", "x"));
 }
 
+TEST(Merge, KeepsTheErrorOfAnyInput) {
+    OpTree tree;
+    addScene(tree, "a", StaticScene().set("/root/a", "x", 1).set("/root/b", "errorMessage", "b1"));
+    addScene(tree, "b", StaticScene().set("/root/a", "x", 2));
+    addScene(
+        tree,
+        "c",
+        StaticScene().set("/root/a", "errorMessage", "a3").set("/root/b", "errorMessage", "b3"));
+    addScene(tree, "d", StaticScene().set("/root/a", "errorMessage", "a4").set("/root/a", "y", 4));
+    for (const char* const attributes : {"first", "deep"}) {
+        const auto client =
+            OpTree(tree)
+                .op("m", "merge", Args().set("attributes", attributes), {"a", "b", "c", "d"})
+                .open();
+        EXPECT_EQ("a3", errorAt(*client, "/root/a")) << attributes;
+        EXPECT_EQ("b1", errorAt(*client, "/root/b")) << attributes;
+        EXPECT_EQ("", errorAt(*client, "/root")) << attributes;
+        EXPECT_EQ(1, intAt(*client, "/root/a", "x")) << attributes;
+    }
+    const auto first = tree.op("m", "merge", GroupAttribute(), {"a", "b", "c", "d"}).open();
+    EXPECT_EQ(-1, intAt(*first, "/root/a", "y"));
+}
+
 TEST(Merge, TakesTheAttributesOfAllGroupByGroup) {
     const auto client = mergeOf(StaticScene().set("/root/a", "g.x", 1).set("/root/a", "k", 1),
                                 StaticScene()
@@ -62,6 +97,39 @@ TEST(Merge, TakesTheAttributesOfAllGroupByGroup) {
     EXPECT_EQ(2, intAt(*client, "/root/a", "g.y"));
     EXPECT_EQ(1, intAt(*client, "/root/a", "k"));
     EXPECT_EQ(2, intAt(*client, "/root/a", "l"));
+}
+
+TEST(Merge, TakesTheGroupsOfOneNameFromAllInputs) {
+    OpTree tree;
+    addScene(tree, "a", StaticScene().set("/root/a", "g.h.x", 1).set("/root/a", "k", 1));
+    addScene(tree, "b", StaticScene().set("/root/a", "g", 2).set("/root/a", "l.x", 2));
+    addScene(tree, "c", StaticScene().set("/root/a", "g.h.y", 3).set("/root/a", "l.y", 3));
+    addScene(tree, "d", StaticScene().set("/root/a", "g.h.y", 4).set("/root/a", "l.z", 4));
+    const auto client =
+        tree.op("m", "merge", Args().set("attributes", "deep"), {"a", "b", "c", "d"}).open();
+    const std::vector<std::pair<const char*, int>> expected = {
+        {"g.h.x", 1}, {"g.h.y", 3}, {"k", 1}, {"l.x", 2}, {"l.y", 3}, {"l.z", 4}};
+    for (const auto& [name, value] : expected) {
+        EXPECT_EQ(value, intAt(*client, "/root/a", name)) << name;
+    }
+}
+
+TEST(Merge, TakesMemoryForItsResultHoweverManyInputsThereAre) {
+    constexpr int kCount = 2000;
+    OpTree tree;
+    std::vector<std::string> inputs;
+    for (int i = 0; i < kCount; ++i) {
+        const std::string number = std::to_string(i);
+        inputs.push_back("s" + number);
+        addScene(tree,
+                 inputs.back().c_str(),
+                 StaticScene().set("/root/a", "x" + number, i).set("/root/a", "g.y" + number, i));
+    }
+    const auto client = tree.op("m", "merge", Args().set("attributes", "deep"), inputs).open();
+    const std::int64_t before = RuntimeCounts(*client).store("bytes");
+    EXPECT_EQ(kCount - 1, intAt(*client, "/root/a", "g.y1999"));
+    EXPECT_EQ(kCount - 1, intAt(*client, "/root/a", "x1999"));
+    EXPECT_GT(1000 * kCount, RuntimeCounts(*client).store("bytes") - before);
 }
 
 TEST(Merge, HandsOnTheVeryLocationThatOneInputAloneHas) {
@@ -90,9 +158,6 @@ TEST(Merge, RefusesGroupsThatAreNestedTooDeeply) {
     EXPECT_EQ(
         "merge (op 3 of 3), /root/a: groups are nested more than 200 levels deep, and cannot "
         "be merged",
-        client->cookLocation("/root/a")
-            .getAttrs()
-            .getChild<StringAttribute>("errorMessage")
-            .getValue(""));
+        errorAt(*client, "/root/a"));
     EXPECT_TRUE(client->cookLocation("/root/b").doesLocationExist());
 }

@@ -101,6 +101,47 @@ TEST(Scene, DecodesTheNamesOfChildren) {
     EXPECT_FALSE(client->cookLocation("/root/%41").doesLocationExist());
 }
 
+TEST(Scene, FindsAnyKeyThatDecodesToTheName) {
+    const auto marked = [](int mark) {
+        return GroupAttribute({{"a", GroupAttribute({{"mark", IntAttribute(mark)}}, false)}},
+                              false);
+    };
+    // The key "%2e" is "." in lower case; the key "%25%41" is the name "%A", and not "%41".
+    const auto client = open(withChildren({{"%61", marked(1)},
+                                           {"b%2e", marked(2)},
+                                           {"%25%41", marked(3)},
+                                           {"%2541", marked(4)},
+                                           {"odd%zz", marked(5)},
+                                           {"odd%25z", marked(6)}}));
+    int expected = 0;
+    for (const char* const name : {"a", "b.", "%A", "%41", "odd%zz", "odd%z"}) {
+        const auto location = client->cookLocation(std::string("/root/") + name);
+        EXPECT_EQ(++expected, location.getAttrs().getChild<IntAttribute>("mark").getValue(0))
+            << name;
+    }
+    EXPECT_FALSE(client->cookLocation("/root/%61").doesLocationExist());
+}
+
+TEST(Scene, FindsEachOfManyEncodedSiblings) {
+    constexpr int kCount = 20000;
+    std::vector<GroupAttribute::Child> children;
+    for (int i = 0; i < kCount; ++i) {
+        const GroupAttribute attributes({{"mark", IntAttribute(i)}}, false);
+        children.emplace_back("n%2E" + std::to_string(i),
+                              GroupAttribute({{"a", attributes}}, false));
+    }
+    const auto client = open(withChildren(children));
+    int wrong = 0;
+    int count = 0;
+    walkFrom(*client, "/root", [&](const std::string& path, const auto& location) {
+        const int mark = location.getAttrs().template getChild<IntAttribute>("mark").getValue(-1);
+        wrong += path != "/root" && path != "/root/n." + std::to_string(mark);
+        ++count;
+    });
+    EXPECT_EQ(1 + kCount, count);
+    EXPECT_EQ(0, wrong);
+}
+
 TEST(Scene, RefusesTwoChildrenOfOneName) {
     HeardLogs logs;
     const GroupAttribute leaf({}, false);

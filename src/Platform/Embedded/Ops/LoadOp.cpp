@@ -13,7 +13,9 @@
 #include "Platform/Support/OnceBuilt.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
@@ -35,8 +37,18 @@ struct Content {
     const SceneBody* scene = nullptr;  ///< Of a stored scene; the op's.
 };
 
+/// A pipe would be waited for, and a device may have no end. Throws `OpError`.
+void checkIsPlain(const std::string& file) {
+    std::error_code unknown;
+    const std::filesystem::file_status status = std::filesystem::status(file, unknown);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+        throw OpError(file + ": it is no plain file");
+    }
+}
+
 /// Throws `OpError`.
 Content readContent(const std::string& file, const FileIdentity& identity) {
+    checkIsPlain(file);
     const AttributeReadResult result = OvAttribute::readAttributeFile(file);
     if (!result.error.empty()) {
         throw OpError(result.error);

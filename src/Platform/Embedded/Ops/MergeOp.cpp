@@ -2,6 +2,7 @@
 #include "Platform/Embedded/Ops/Arguments.h"
 #include "Platform/Embedded/Ops/Locations/AttributeMerge.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
+#include "Platform/Embedded/Runtime/AttributeEdit.h"
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Support/OnceBuilt.h"
 
@@ -13,6 +14,8 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 using OvAttribute::GroupAttribute;
 
 namespace {
+
+constexpr std::string_view kErrorMessage = "errorMessage";
 
 enum class Attributes { First, Deep };
 
@@ -57,16 +60,35 @@ private:
         return names;
     }
 
+    static LocationWriter::GroupValue* attributesOfFirst(const std::vector<Location>& present,
+                                                         LocationWriter& out) {
+        AttributeEdit attributes(present.front());
+        if (LocationWriter::Value* const error = nearestError(present)) {
+            attributes.set(kErrorMessage, error);
+        }
+        return attributes.write(out);
+    }
+
+    /// Null when no input has one.
+    static LocationWriter::Value* nearestError(const std::vector<Location>& present) {
+        for (const Location& location : present) {
+            if (LocationWriter::Value* const error = location.attributes()->find(kErrorMessage)) {
+                return error;
+            }
+        }
+        return nullptr;
+    }
+
     LocationWriter::GroupValue* mergedAttributes(const std::vector<Location>& present,
                                                  LocationWriter& out) const {
-        LocationWriter::GroupValue* merged = present.front().attributes();
         if (attributes_ == Attributes::First) {
-            return static_cast<LocationWriter::GroupValue*>(out.keep(*merged));
+            return attributesOfFirst(present, out);
         }
-        for (std::size_t i = 1; i < present.size(); ++i) {
-            merged = mergeUnder(*merged, *present[i].attributes(), out);
+        GroupList groups;
+        for (const Location& location : present) {
+            groups.push_back(location.attributes());
         }
-        return merged;
+        return mergeGroups(groups, out);
     }
 
     Attributes attributes_;
@@ -89,7 +111,8 @@ private:
         "merge",
         "The union of the inputs' scenes: a location is there when any input has it.",
         "Children come in the order of the inputs, each name once. A location that one "
-        "input alone has is handed on as it is.",
+        "input alone has is handed on as it is. The error of any input is kept: where the first "
+        "has no \"errorMessage\", that of the nearest input which has one is there.",
         1,
         kAnyNumberOfInputs,
         {

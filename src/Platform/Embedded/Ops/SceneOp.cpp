@@ -17,6 +17,7 @@
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
 using OvAttribute::DelimiterDecode;
+using OvAttribute::DelimiterEncode;
 using OvAttribute::GroupAttribute;
 using OvAttribute::Embedded::asGroup;
 using OvAttribute::Embedded::GroupValue;
@@ -31,17 +32,23 @@ GroupValue* childGroups(const GroupValue& location) {
     return asGroup(location.find("c"));
 }
 
-/// The place of the child of that name, decoded; -1 when there is none.
+bool isKeyOf(std::string_view key, std::string_view name) {
+    return isEncoded(key) ? DelimiterDecode(std::string(key)) == name : key == name;
+}
+
+/// The place of the child of that name, decoded; -1 when there is none. Its key is the name, or the
+/// name as it is commonly encoded; only one that is encoded in another way is looked for.
 std::int64_t findChild(const GroupValue& children, std::string_view name) {
-    if (!isEncoded(name)) {
-        const std::int64_t place = children.shape->find(name);
-        if (place >= 0) {
-            return place;
-        }
+    const std::int64_t plain = children.shape->find(name);
+    if (plain >= 0 && isKeyOf(name, name)) {
+        return plain;
+    }
+    const std::int64_t encoded = children.shape->find(DelimiterEncode(std::string(name)));
+    if (encoded >= 0) {
+        return encoded;
     }
     for (std::int64_t place = 0; place < children.size(); ++place) {
-        const std::string_view key = children.shape->name(place);
-        if (isEncoded(key) && DelimiterDecode(std::string(key)) == name) {
+        if (isKeyOf(children.shape->name(place), name)) {
             return place;
         }
     }

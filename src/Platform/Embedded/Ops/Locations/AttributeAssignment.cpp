@@ -31,9 +31,9 @@ void assign(AttributeEdit& attributes,
         return;
     }
     GroupValue* const over = asGroup(value);
-    const GroupValue* const under = asGroup(present);
+    GroupValue* const under = asGroup(present);
     const bool isMerged = mode == AssignmentMode::Merge && over && under;
-    attributes.set(name, isMerged ? mergeUnder(*over, *under, out) : value);
+    attributes.set(name, isMerged ? mergeGroups({over, under}, out) : value);
 }
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded
