@@ -132,6 +132,19 @@ TEST(DeleteAttributes, KeepsTheChildrenOfTheLocation) {
     EXPECT_THAT(pathsFrom(*client), ElementsAre("/root", "/root/a"));
 }
 
+TEST(DeleteAttributes, GivesUpWhereGroupsStandInVeryManyPlaces) {
+    Attribute group = IntAttribute(1);
+    std::string name = "g";
+    for (int level = 0; level < 25; ++level) {
+        group = GroupAttribute({{"a", group}, {"b", group}}, false);
+        name += ".*";
+    }
+    const auto client = openOver(StaticScene().set("/root", "g", group),
+                                 "deleteAttributes",
+                                 Args().set("paths", "/root").set("names", name + ".none"));
+    EXPECT_THAT(errorAt(*client, "/root"), HasSubstr("more than 100000 groups lie in one another"));
+}
+
 TEST(DeleteAttributes, TellsWhatIsWrongWithAName) {
     EXPECT_THAT(errorAt(*deleteAtA({"a..b"}), "/root"),
                 HasSubstr("attribute name \"a..b\": one of its pieces is empty"));

@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using namespace ovtest;
 using namespace Sylvar3::internal::OvAttribute;
 using testing::ElementsAre;
@@ -128,6 +130,30 @@ TEST(Duplicate, DoesNotTakeTheNameOfAChildThatIsThere) {
                 HasSubstr("there is a child \"post_2\" already, which has the name of a copy"));
 }
 
+TEST(Duplicate, LeavesAChildThatIsThereWhatItIs) {
+    const StaticScene scene = ::scene().set("/root/set/post_2", "is", "its own");
+    for (const char* const source : {"/root/set/post", "/root/set/pots"}) {
+        const auto client = openOver(
+            scene, "duplicate", Args().set("source", source).set("copies", 2).set("name", "post_"));
+        EXPECT_NE("", errorAt(*client, "/root/set"));
+        EXPECT_EQ("its own", textAt(*client, "/root/set/post_2", "is"));
+        EXPECT_THAT(pathsFrom(*client, "/root/set/post_2"), ElementsAre("/root/set/post_2"));
+    }
+}
+
+TEST(Duplicate, ShowsAnErrorWhereTheWayToItsSourceEnds) {
+    const auto client = openOver(scene(), "duplicate", Args().set("source", "/root/sat/post/top"));
+    EXPECT_THAT(errorAt(*client, "/root"), HasSubstr("there is no location /root/sat/post/top"));
+    EXPECT_EQ(5U, pathsFrom(*client).size());
+}
+
+TEST(Duplicate, KeepsNumbersThatAreNotFiniteWhereTheyAre) {
+    std::vector<double> matrix = translation(1, 0, 0);
+    matrix[13] = std::numeric_limits<double>::infinity();
+    const auto client = duplicate(Args().set("transform", doubles(matrix)));
+    EXPECT_EQ(matrix, doublesAt(*client, "/root/set/post_1", "xform.matrix"));
+}
+
 TEST(Duplicate, TellsWhatIsWrongWithItsArguments) {
     struct Row {
         Args arguments;
@@ -138,6 +164,8 @@ TEST(Duplicate, TellsWhatIsWrongWithItsArguments) {
         {Args().set("name", "a/b"),
          "argument \"name\": expected a text that a location's name can hold, found \"a/b\""},
         {Args().set("name", ""), "argument \"name\": expected a text"},
+        {Args().set("name", std::string(1000, 'n')).set("copies", 9'999'999),
+         "the names of 9999999 copies are longer than 268435456 bytes together"},
         {Args().set("transform", doubles({1, 2})),
          "argument \"transform\": expected a multiple of 16 numbers, found 2"},
         {Args().set("copies", 3).set("transform", doubles(Doubles(32, 0))),

@@ -102,11 +102,13 @@ TEST(Instance, TakesOneScaleForAll) {
 }
 
 TEST(Instance, TurnsByOrientationsOfAnyLength) {
-    const auto client = instance(Args()
-                                     .set("prototypes", "/root/rock")
-                                     .set("positions", doubles({0, 0, 0}))
-                                     .set("orientations", doubles({0, 3, 0, 3})));
-    EXPECT_NEAR(-1, doublesAt(*client, "/root/wood/i0", "xform.matrix").at(2), 1e-15);
+    for (const double length : {3.0, 1e200, 1e-200}) {
+        const auto client = instance(Args()
+                                         .set("prototypes", "/root/rock")
+                                         .set("positions", doubles({0, 0, 0}))
+                                         .set("orientations", doubles({0, length, 0, length})));
+        EXPECT_NEAR(-1, doublesAt(*client, "/root/wood/i0", "xform.matrix").at(2), 1e-15);
+    }
 }
 
 TEST(Instance, TakesItsPrototypesInTurnOrAsItIsTold) {
@@ -242,6 +244,17 @@ TEST(Instance, DoesNotTakeTheNameOfAChildThatIsThere) {
                 HasSubstr("there is a child \"i1\" already, which has the name of a copy"));
 }
 
+TEST(Instance, LeavesAChildThatIsThereWhatItIs) {
+    const auto client = openOver(models().set("/root/i1", "is", "its own"),
+                                 "instance",
+                                 Args()
+                                     .set("prototypes", "/root/rock")
+                                     .set("positions", doubles(Doubles(6, 0)))
+                                     .set("parent", "/root"));
+    EXPECT_EQ("its own", textAt(*client, "/root/i1", "is"));
+    EXPECT_FALSE(client->cookLocation("/root/i0").doesLocationExist());
+}
+
 TEST(Instance, TellsWhatIsWrongWithItsArguments) {
     struct Row {
         Args arguments;
@@ -276,6 +289,9 @@ TEST(Instance, TellsWhatIsWrongWithItsArguments) {
          "argument \"protoIndices\": expected one for each of the 2 instances, found 1"},
         {twoTrees().set("protoIndices", IntAttribute(std::vector<int>{0, 3})),
          "argument \"protoIndices\": expected 0 to 0, found 3 for instance 1"},
+        {twoTrees().set("protoIndices",
+                        IntAttribute(TimedSamples<int>{{0.0F, {0, 0}}, {0.5F, {0, 0}}}, 1)),
+         "argument \"protoIndices\": expected one sample, found 2"},
         {twoTrees().set("protoIndices", IntAttribute(std::vector<int>{-1, 0})),
          "argument \"protoIndices\": expected 0 to 0, found -1 for instance 0"},
         {twoTrees().set("prototypes", "rock"),

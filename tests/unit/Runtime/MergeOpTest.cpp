@@ -146,6 +146,25 @@ TEST(Merge, HandsOnTheVeryLocationThatOneInputAloneHas) {
     EXPECT_EQ(groupAt(*alone).handle(), groupAt(*merged).handle());
 }
 
+TEST(Merge, GivesUpWhereGroupsStandInVeryManyPlaces) {
+    const auto nested = [](int value) {
+        Attribute group = IntAttribute(value);
+        for (int level = 0; level < 25; ++level) {
+            group = GroupAttribute({{"a", group}, {"b", group}}, false);
+        }
+        return group;
+    };
+    const auto client = mergeOf(StaticScene().set("/root", "g", nested(1)),
+                                StaticScene().set("/root", "g", nested(2)),
+                                "deep");
+    EXPECT_EQ("merge (op 3 of 3), /root: more than 100000 groups lie in one another, and cannot be "
+              "merged",
+              client->cookLocation("/root")
+                  .getAttrs()
+                  .getChild<StringAttribute>("errorMessage")
+                  .getValue(""));
+}
+
 TEST(Merge, RefusesGroupsThatAreNestedTooDeeply) {
     const auto nested = [](const char* leaf) {
         GroupAttribute group({{leaf, IntAttribute(1)}}, false);

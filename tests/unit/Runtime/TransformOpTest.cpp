@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include <set>
 #include <string>
 
@@ -145,6 +147,22 @@ TEST(Transform, AddsItselfBehindAnOriginWhichForgetsWhatIsInFront) {
                 ElementsAre("matrix", "originReset", "translate", "scale"));
 }
 
+TEST(Transform, AddsItselfInFrontOfAnOriginThatIsNoNumber) {
+    for (const Attribute& origin : {Attribute(), Attribute(StringAttribute("x"))}) {
+        const GroupAttribute own(
+            {{"translate", doubles({1, 0, 0})}, {"origin", origin}, {"scale", doubles({3, 3, 3})}},
+            false);
+        const auto client = openOver(StaticScene().set("/root/a", "xform", own),
+                                     "transform",
+                                     Args()
+                                         .set("paths", "/root/a")
+                                         .set("mode", "add")
+                                         .set("rotate", doubles({1, 0, 0, 1})));
+        EXPECT_THAT(namesAt(*client, "/root/a", "xform"),
+                    ElementsAre("rotate", "translate", "origin", "scale"));
+    }
+}
+
 TEST(Transform, TellsWhatIsWrongWithItsArguments) {
     struct Row {
         Args arguments;
@@ -162,6 +180,19 @@ TEST(Transform, TellsWhatIsWrongWithItsArguments) {
         {Args().set("sampleTimes", doubles({0, 1})).set("scale", doubles({})),
          "argument \"scale\": expected 3 numbers for all, or for each of the 2 sample times, "
          "found 0"},
+        {Args().set("sampleTimes", doubles({1, 0})).set("scale", doubles({1, 1, 1})),
+         "argument \"sampleTimes\": expected times one after the other"},
+        {Args().set("sampleTimes", doubles({0, 0})).set("scale", doubles({1, 1, 1})),
+         "argument \"sampleTimes\": expected times one after the other"},
+        {Args()
+             .set("sampleTimes", doubles({0, std::numeric_limits<double>::infinity()}))
+             .set("scale", doubles({1, 1, 1})),
+         "argument \"sampleTimes\": expected times one after the other"},
+        {Args()
+             .set("sampleTimes", doubles({0, 1}))
+             .set("scale",
+                  DoubleAttribute(TimedSamples<double>{{0.0F, {1, 1, 1}}, {1.0F, {2, 2, 2}}}, 3)),
+         "argument \"scale\": expected one sample, since \"sampleTimes\" are given"},
         {Args().set("translate", doubles({1, 2, 3})).set("mode", "append"),
          "argument \"mode\": expected one of \"replace\" \"add\", found \"append\""},
         {Args().set("translation", doubles({1, 2, 3})), "did you mean \"translate\"?"},

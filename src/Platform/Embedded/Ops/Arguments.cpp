@@ -24,8 +24,7 @@ namespace {
 
 bool isOfKind(std::int32_t type, std::string_view kind) {
     if (kind == "number" || kind == "numbers") {
-        return type == OV_ATTRIBUTE_INT || type == OV_ATTRIBUTE_FLOAT ||
-               type == OV_ATTRIBUTE_DOUBLE;
+        return isNumberKind(type);
     }
     if (kind == "strings") {
         return type == OV_ATTRIBUTE_STRING;

@@ -6,6 +6,7 @@
 #include "Platform/Embedded/Ops/Locations/LocationChange.h"
 #include "Platform/Embedded/Ops/OpTypes.h"
 #include "Platform/Embedded/Runtime/Cook.h"
+#include "Platform/Embedded/Runtime/MountPath.h"
 #include "Platform/Support/OnceBuilt.h"
 
 #include <string>
@@ -22,7 +23,7 @@ class DuplicateOp final : public OpBody {
 public:
     DuplicateOp(std::string source, NumberedNames copies, NumberList matrices)
         : source_(std::move(source)),
-          parent_(source_, 0, source_.rfind('/')),
+          parent_(source_.path(), 0, source_.path().rfind('/')),
           copies_(std::move(copies)),
           matrices_(std::move(matrices)) {
         for (std::size_t i = 0; isStep() && i < matrices_.sampleCount(); ++i) {
@@ -35,16 +36,29 @@ public:
         if (path == parent_) {
             return cookParent(cook, out);
         }
-        if (const auto copy = copies_.find(parent_, path)) {
+        const Location own = cook.input(0);
+        const auto copy = copies_.find(parent_, path);
+        if (copy && !own.exists()) {
             return cookCopy(cook, *copy, out);
         }
-        out.pass(cook.input(0));
+        if (own.exists() && !path.empty() && endsWay(own, path)) {
+            throw OpError(kNoSource + source_.path());
+        }
+        out.pass(own);
     }
 
 private:
+    static constexpr const char* kNoSource = "argument \"source\": there is no location ";
+
+    /// Whether the location is on the way to the source, which does not go on from it.
+    bool endsWay(const Location& location, std::string_view path) const {
+        return source_.placeOf(path) == MountPath::Place::Above &&
+               location.names().find(source_.nextName(path), 0) < 0;
+    }
+
     void cookParent(Cook& cook, LocationWriter& out) const {
-        if (!cook.input(0, source_).exists()) {
-            throw OpError("argument \"source\": there is no location " + source_);
+        if (!cook.input(0, source_.path()).exists()) {
+            throw OpError(kNoSource + source_.path());
         }
         const Location parent = cook.input(0);
         copies_.checkThatNoneIsIn(parent);
@@ -53,7 +67,7 @@ private:
     }
 
     void cookCopy(Cook& cook, const NumberedNames::Copy& copy, LocationWriter& out) const {
-        const Location original = cook.input(0, source_ + std::string(copy.rest));
+        const Location original = cook.input(0, source_.path() + std::string(copy.rest));
         if (!original.exists() || !copy.rest.empty() || matrices_.isEmpty()) {
             return out.pass(original);
         }
@@ -69,7 +83,7 @@ private:
     /// Whether there is one matrix, from each copy to the next.
     bool isStep() const { return matrices_.size() == kMatrixSize; }
 
-    std::string source_;
+    const MountPath source_;
     const std::string parent_;
     const NumberedNames copies_;
     const NumberList matrices_;

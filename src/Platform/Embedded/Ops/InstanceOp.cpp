@@ -43,6 +43,10 @@ public:
 
 private:
     void checkIndices(std::size_t instanceCount) const {
+        if (indices_.sampleCount() > 1) {
+            Arguments::fail("protoIndices",
+                            "one sample, found " + std::to_string(indices_.sampleCount()));
+        }
         if (indices_.size() != instanceCount) {
             Arguments::fail("protoIndices",
                             "one for each of the " + std::to_string(instanceCount) +
@@ -100,6 +104,9 @@ private:
     }
 
     void cookInstance(Cook& cook, const NumberedNames::Copy& copy, LocationWriter& out) const {
+        if (const Location own = cook.input(0); own.exists()) {
+            return out.pass(own);  // The name is taken, of which the parent tells.
+        }
         const std::string& prototype = prototypes_[copy.place];
         const Location original = cook.input(prototypeInput_, prototype + std::string(copy.rest));
         if (!copy.rest.empty()) {

@@ -9,16 +9,8 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 
 using OvAttribute::Embedded::DataValue;
 
-namespace {
-
-bool isNumber(std::int32_t kind) {
-    return kind == OV_ATTRIBUTE_INT || kind == OV_ATTRIBUTE_FLOAT || kind == OV_ATTRIBUTE_DOUBLE;
-}
-
-}  // namespace
-
 NumberList::NumberList(OvAttribute::Attribute attribute) : attribute_(std::move(attribute)) {
-    if (!attribute_ || !isNumber(attribute_.getType())) {
+    if (!attribute_ || !isNumberKind(attribute_.getType())) {
         return;
     }
     const auto& data = static_cast<const DataValue&>(*attribute_.handle());

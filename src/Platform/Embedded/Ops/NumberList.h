@@ -8,6 +8,10 @@
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
+inline bool isNumberKind(std::int32_t kind) {
+    return kind == OV_ATTRIBUTE_INT || kind == OV_ATTRIBUTE_FLOAT || kind == OV_ATTRIBUTE_DOUBLE;
+}
+
 /// The samples of an attribute of ints, floats or doubles, read as doubles. Keeps the attribute.
 /// Immutable; any thread.
 class NumberList {

@@ -10,7 +10,9 @@
 #include "Platform/Embedded/Runtime/Cook.h"
 #include "Platform/Support/OnceBuilt.h"
 
+#include <cmath>
 #include <utility>
+#include <vector>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
 
@@ -69,7 +71,7 @@ constexpr Part kParts[] = {{"translate", 3}, {"rotate", 4}, {"scale", 3}, {"matr
 
 /// The numbers of one sample, as one sample for each time.
 DoubleAttribute spread(const Part& part, const NumberList& numbers, const NumberList& times) {
-    if (numbers.sampleCount() != 1 || numbers.size() != part.size * times.size()) {
+    if (numbers.size() != part.size * times.size()) {
         Arguments::fail(part.name,
                         std::to_string(part.size) + " numbers for all, or for each of the " +
                             std::to_string(times.size()) + " sample times, found " +
@@ -89,13 +91,29 @@ DoubleAttribute spread(const Part& part, const NumberList& numbers, const Number
 /// Null when it is not there.
 DoubleAttribute readPart(const Arguments& arguments, const Part& part, const NumberList& times) {
     const NumberList numbers = arguments.getNumbers(part.name, part.size, !times.isEmpty());
+    if (!times.isEmpty() && numbers.sampleCount() > 1) {
+        Arguments::fail(part.name, "one sample, since \"sampleTimes\" are given");
+    }
     const bool isSpread =
         !times.isEmpty() && arguments.has(part.name) && numbers.size() != part.size;
     return isSpread ? spread(part, numbers, times) : numbers.asDoubles(part.size);
 }
 
+NumberList readTimes(const Arguments& arguments) {
+    NumberList times = arguments.getNumbers("sampleTimes", 1, true);
+    bool isRight = times.sampleCount() < 2;
+    for (std::size_t i = 0; i < times.size(); ++i) {
+        const double time = times.at(0, i);
+        isRight = isRight && std::isfinite(time) && (i == 0 || times.at(0, i - 1) < time);
+    }
+    if (!isRight) {
+        Arguments::fail("sampleTimes", "times one after the other");
+    }
+    return times;
+}
+
 GroupAttribute readTransform(const Arguments& arguments) {
-    const NumberList times = arguments.getNumbers("sampleTimes", 1, true);
+    const NumberList times = readTimes(arguments);
     GroupBuilder transform(GroupBuilder::Mode::Flat);
     bool isEmpty = true;
     for (const Part& part : kParts) {

@@ -6,6 +6,7 @@
 #include <Imath/ImathQuat.h>
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 namespace Sylvar3::internal::OvSylvar::Embedded {
@@ -26,10 +27,17 @@ Imath::V3d vectorAt(const NumberList& numbers, std::size_t sample, std::size_t p
 /// A quaternion stands as x, y, z, w.
 Imath::M44d rotationAt(const NumberList& numbers, std::size_t sample, std::size_t place) {
     const std::size_t begin = place * 4;
-    const Imath::Quatd rotation(numbers.at(sample, begin + 3),
-                                numbers.at(sample, begin),
-                                numbers.at(sample, begin + 1),
-                                numbers.at(sample, begin + 2));
+    Imath::Quatd rotation(numbers.at(sample, begin + 3),
+                          numbers.at(sample, begin),
+                          numbers.at(sample, begin + 1),
+                          numbers.at(sample, begin + 2));
+    double largest = 0;
+    for (int i = 0; i < 4; ++i) {
+        largest = std::max(largest, std::abs(rotation[i]));
+    }
+    if (largest > 0) {
+        rotation /= largest;  // The square of a very large or small number is none.
+    }
     return rotation.normalized().toMatrix44();
 }
 

@@ -21,9 +21,11 @@ public:
     /// The product of that many factors; of none, the identity.
     Imath::M44d operator[](std::size_t exponent) const {
         Imath::M44d product;
+        bool isIdentity = true;  // It is not multiplied by: infinity times 0 is NaN.
         for (std::size_t i = 0; exponent > 0; ++i, exponent /= 2) {
             if (exponent % 2 == 1) {
-                product *= squares_[i];
+                product = isIdentity ? squares_[i] : product * squares_[i];
+                isIdentity = false;
             }
         }
         return product;

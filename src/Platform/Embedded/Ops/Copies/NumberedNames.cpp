@@ -12,7 +12,17 @@ namespace {
 
 constexpr std::size_t kMostDigits = std::numeric_limits<std::uint32_t>::digits10 + 1;
 
+constexpr std::size_t kMostBytes = 1 << 28;
+
 }  // namespace
+
+NumberedNames::NumberedNames(std::string prefix, std::uint32_t first, std::uint32_t count)
+    : prefix_(std::move(prefix)), first_(first), count_(count) {
+    if ((prefix_.size() + kMostDigits) * count_ > kMostBytes) {
+        throw OpError("the names of " + std::to_string(count_) + " copies are longer than " +
+                      std::to_string(kMostBytes) + " bytes together");
+    }
+}
 
 std::optional<NumberedNames::Copy> NumberedNames::find(std::string_view parent,
                                                        std::string_view path) const {

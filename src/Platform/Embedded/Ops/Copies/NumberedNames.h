@@ -16,9 +16,9 @@ namespace Sylvar3::internal::OvSylvar::Embedded {
 /// Names of copies: a text and a number behind it. Immutable; any thread.
 class NumberedNames {
 public:
-    /// `count` of them, from the number `first` on.
-    NumberedNames(std::string prefix, std::uint32_t first, std::uint32_t count)
-        : prefix_(std::move(prefix)), first_(first), count_(count) {}
+    /// `count` of them, from the number `first` on. Throws `OpError` when they are too long
+    /// together.
+    NumberedNames(std::string prefix, std::uint32_t first, std::uint32_t count);
 
     std::uint32_t count() const { return count_; }
 

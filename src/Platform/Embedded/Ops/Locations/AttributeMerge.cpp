@@ -19,6 +19,9 @@ namespace {
 
 constexpr int kDeepest = 200;
 
+/// A group that stands in many places is merged in each of them.
+constexpr int kMostGroups = 100'000;
+
 /// A group under a name that a nearer group has a group of, too.
 struct Farther {
     std::string_view name;
@@ -54,10 +57,14 @@ FartherList takeMissing(AttributeEdit& merged, const GroupList& groups) {
 }
 
 // NOLINTNEXTLINE(misc-no-recursion): as deep as groups may be nested here, and no deeper.
-GroupValue* merge(const GroupList& groups, LocationWriter& out, int depth) {
+GroupValue* merge(const GroupList& groups, LocationWriter& out, int depth, int& count) {
     if (depth > kDeepest) {
         throw OpError("groups are nested more than " + std::to_string(kDeepest) +
                       " levels deep, and cannot be merged");
+    }
+    if (++count > kMostGroups) {
+        throw OpError("more than " + std::to_string(kMostGroups) +
+                      " groups lie in one another, and cannot be merged");
     }
     AttributeEdit merged(*groups.front());
     const FartherList farther = takeMissing(merged, groups);
@@ -67,7 +74,7 @@ GroupValue* merge(const GroupList& groups, LocationWriter& out, int depth) {
         for (; next != farther.end() && next->name == name; ++next) {
             nested.push_back(next->group);
         }
-        merged.set(name, merge(nested, out, depth + 1));
+        merged.set(name, merge(nested, out, depth + 1, count));
     }
     return merged.write(out);
 }
@@ -75,7 +82,8 @@ GroupValue* merge(const GroupList& groups, LocationWriter& out, int depth) {
 }  // namespace
 
 GroupValue* mergeGroups(const GroupList& groups, LocationWriter& out) {
-    return merge(groups, out, 0);
+    int count = 0;
+    return merge(groups, out, 0, count);
 }
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

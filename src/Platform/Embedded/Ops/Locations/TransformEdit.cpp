@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Embedded/Ops/Locations/TransformEdit.h"
 
+#include "Platform/Embedded/Ops/NumberList.h"
 #include "Platform/Embedded/Runtime/AttributeEdit.h"
 
 #include <cstdint>
@@ -12,11 +13,18 @@ using OvAttribute::Embedded::GroupValue;
 
 namespace {
 
+/// One that takes part: its values mean nothing, but they are numbers.
+bool isOrigin(const GroupValue& transform, std::int64_t place) {
+    constexpr std::string_view kOrigin = "origin";
+    const LocationWriter::Value* const value = transform[place];
+    return transform.shape->name(place).substr(0, kOrigin.size()) == kOrigin && value &&
+           isNumberKind(value->kind);
+}
+
 /// How many children stand up to the last "origin", with it.
 std::int64_t endOfOrigin(const GroupValue& transform) {
-    constexpr std::string_view kOrigin = "origin";
     std::int64_t end = transform.size();
-    while (end > 0 && transform.shape->name(end - 1).substr(0, kOrigin.size()) != kOrigin) {
+    while (end > 0 && !isOrigin(transform, end - 1)) {
         --end;
     }
     return end;

@@ -36,9 +36,18 @@ PathPattern read(std::string_view name) {
     return pattern;
 }
 
+/// A group that stands in many places is looked into in each of them.
+constexpr int kMostGroups = 100'000;
+
 /// The walk stands at the group.
 // NOLINTNEXTLINE(misc-no-recursion): as deep as a name has pieces, and no deeper.
-GroupValue* withoutMatches(const PatternWalk& walk, GroupValue& group, LocationWriter& out) {
+GroupValue* withoutMatches(const PatternWalk& walk,
+                           GroupValue& group,
+                           LocationWriter& out,
+                           int& count) {
+    if (++count > kMostGroups) {
+        throw OpError("more than " + std::to_string(kMostGroups) + " groups lie in one another");
+    }
     AttributeEdit rest(group);
     PatternWalk below = walk;
     for (std::int64_t i = 0; i < group.size(); ++i) {
@@ -47,7 +56,7 @@ GroupValue* withoutMatches(const PatternWalk& walk, GroupValue& group, LocationW
         if (below.matches()) {
             rest.remove(name);
         } else if (GroupValue* const child = asGroup(group[i]); child && below.canMatchBelow()) {
-            rest.set(name, withoutMatches(below, *child, out));
+            rest.set(name, withoutMatches(below, *child, out, count));
         }
     }
     return rest.write(out);
@@ -59,7 +68,8 @@ AttributeNamePatterns::AttributeNamePatterns(const std::vector<std::string>& nam
     : tree_(readPatterns("attribute name", names, read)) {}
 
 GroupValue* AttributeNamePatterns::without(GroupValue& attributes, LocationWriter& out) const {
-    return withoutMatches(PatternWalk(tree_), attributes, out);
+    int count = 0;
+    return withoutMatches(PatternWalk(tree_), attributes, out, count);
 }
 
 }  // namespace Sylvar3::internal::OvSylvar::Embedded

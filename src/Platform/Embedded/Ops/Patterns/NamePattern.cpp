@@ -12,6 +12,26 @@ namespace {
 
 constexpr std::size_t kMostAlternatives = 1024;
 
+constexpr std::size_t kMostBytes = 1 << 20;
+
+void checkSize(std::size_t count, std::size_t bytes) {
+    if (count > kMostAlternatives) {
+        throw OpError("its braces stand for more than " + std::to_string(kMostAlternatives) +
+                      " texts");
+    }
+    if (count > 1 && bytes > kMostBytes) {
+        throw OpError("its braces stand for more than " + std::to_string(kMostBytes) + " bytes");
+    }
+}
+
+std::size_t bytesOf(const std::vector<std::string>& texts) {
+    std::size_t bytes = 0;
+    for (const std::string& text : texts) {
+        bytes += text.size();
+    }
+    return bytes;
+}
+
 std::vector<std::string_view> splitAtCommas(std::string_view text) {
     std::vector<std::string_view> parts;
     for (std::size_t comma = text.find(','); comma != std::string_view::npos;
@@ -21,6 +41,29 @@ std::vector<std::string_view> splitAtCommas(std::string_view text) {
     }
     parts.push_back(text);
     return parts;
+}
+
+/// All texts with `plain` behind them, and behind that each of the choices.
+std::vector<std::string> combined(std::vector<std::string> texts,
+                                  std::string_view plain,
+                                  const std::vector<std::string_view>& choices) {
+    if (choices.size() == 1) {
+        for (std::string& text : texts) {
+            text.append(plain).append(choices.front());
+        }
+        checkSize(texts.size(), bytesOf(texts));
+        return texts;
+    }
+    const std::size_t count = texts.size() * choices.size();
+    checkSize(count, bytesOf(texts) * choices.size() + plain.size() * count);
+    std::vector<std::string> longer;
+    longer.reserve(count);
+    for (const std::string& begun : texts) {
+        for (const std::string_view choice : choices) {
+            longer.push_back(begun + std::string(plain) + std::string(choice));
+        }
+    }
+    return longer;
 }
 
 /// The texts that a text with braces stands for. Braces do not nest.
@@ -39,17 +82,7 @@ std::vector<std::string> expandBraces(std::string_view text) {
             choices = splitAtCommas(text.substr(1, close - 1));
             text.remove_prefix(close + 1);
         }
-        if (texts.size() * choices.size() > kMostAlternatives) {
-            throw OpError("its braces stand for more than " + std::to_string(kMostAlternatives) +
-                          " texts");
-        }
-        std::vector<std::string> longer;
-        for (const std::string& begun : texts) {
-            for (const std::string_view choice : choices) {
-                longer.push_back(begun + std::string(plain) + std::string(choice));
-            }
-        }
-        texts = std::move(longer);
+        texts = combined(std::move(texts), plain, choices);
     }
     return texts;
 }

@@ -12,6 +12,12 @@ namespace {
 /// How much text the braces of a list may make of it.
 constexpr std::size_t kMostBraceBytes = 1 << 24;
 
+/// For a message.
+std::string shortened(const std::string& text) {
+    constexpr std::size_t kMostBytes = 200;
+    return text.size() <= kMostBytes ? text : text.substr(0, kMostBytes) + "...";
+}
+
 std::size_t bytesOf(const PathPattern& pattern) {
     std::size_t bytes = 0;
     for (const PathPattern::Name& name : pattern.names) {
@@ -37,7 +43,7 @@ std::vector<PathPattern> readPatterns(const char* kind,
                               std::to_string(kMostBraceBytes) + " bytes");
             }
         } catch (const OpError& error) {
-            throw OpError(std::string(kind) + " \"" + text + "\": " + error.what());
+            throw OpError(std::string(kind) + " \"" + shortened(text) + "\": " + error.what());
         }
     }
     return patterns;

@@ -140,7 +140,10 @@ void setStaticScene(OvOpCookStruct* handle, OvAttributeStruct* scene, const char
 }
 
 void fail(OvOpCookStruct* handle, const char* message) {
-    run(handle, [&](PluginCook& /*cook*/) { throw OpError(textOf(message)); });
+    run(handle, [&](PluginCook& /*cook*/) {
+        const std::string reason = textOf(message);
+        throw OpError(reason.empty() ? "fails, and gives no reason" : reason);
+    });
 }
 
 std::int32_t isPath(const char* path) {
