@@ -56,6 +56,37 @@ bool isThere(const SylvarRuntime::Client& client, const char* path) {
     return client.cookLocation(path).doesLocationExist();
 }
 
+/// An op tree whose ops are made while its file is read: the first asks for the path of an asset.
+GroupAttribute treeThatAsks(const char* path) {
+    return OpTree()
+        .op("l", "load", Args().set("file", "meanwhile"))
+        .op("s", "scene", Args().set("tree", sceneOf(path)))
+        .group();
+}
+
+/// What happens where the op tree asks, once.
+class Meanwhile final : public AssetPlugin {
+public:
+    explicit Meanwhile(std::function<void()> happens) : happens_(std::move(happens)) {
+        OvAssetPluginManager::setDefaultAssetPlugin(this);
+    }
+    ~Meanwhile() override { OvAssetPluginManager::setDefaultAssetPlugin(nullptr); }
+    Meanwhile(const Meanwhile&) = delete;
+    Meanwhile& operator=(const Meanwhile&) = delete;
+
+    bool hasHappened() const { return !happens_; }
+
+    std::string resolveAsset(const std::string& assetId, int, bool) override {
+        if (assetId == "meanwhile" && happens_) {
+            std::exchange(happens_, nullptr)();
+        }
+        return assetId;
+    }
+
+private:
+    std::function<void()> happens_;
+};
+
 }  // namespace
 
 TEST(Load, ShowsAnOpTreeAndAStoredSceneInEitherForm) {
@@ -293,33 +324,39 @@ TEST(Load, SeesAChangedFileInARuntimeThatIsMadeLater) {
     EXPECT_TRUE(isThere(*first, "/root/before"));
 }
 
-TEST(Load, ForgetsAFileThatChangesWhileItIsRead) {
-    class Meanwhile : public AssetPlugin {
-    public:
-        std::string resolveAsset(const std::string& assetId, int, bool) override {
-            if (assetId == "meanwhile" && happens) {
-                std::exchange(happens, nullptr)();
-            }
-            return assetId;
-        }
-        std::function<void()> happens;
-    };
-    TestFile file("load_while_read.optree");
-    // Its ops are made while it is read, and the first one asks for the path of an asset.
-    file.writeOpTree(OpTree()
-                         .op("l", "load", Args().set("file", "meanwhile"))
-                         .op("s", "scene", Args().set("tree", sceneOf("/root/before")))
-                         .group());
+TEST(Load, TellsThatAFileChangesWhileItIsRead) {
+    HeardLogs logs;
+    TestFile file("load_torn.optree");
+    file.writeOpTree(treeThatAsks("/root/before"));
     const auto client = load(file.path());
-    Meanwhile plugin;
-    plugin.happens = [&] {
-        file.writeOpTree(treeOf("/root/afterwards"));
-        client->getRuntime()->evict("/root");
-    };
-    OvAssetPluginManager::setDefaultAssetPlugin(&plugin);
-    client->cookLocation("/root");
-    OvAssetPluginManager::setDefaultAssetPlugin(nullptr);
-    EXPECT_FALSE(plugin.happens);
+    {
+        const Meanwhile meanwhile([&] { file.writeOpTree(treeOf("/root/afterwards")); });
+        EXPECT_EQ("load (op 1 of 1), /root: " + file.path() + ": it changed while it was read",
+                  errorAt(*client, "/root"));
+        EXPECT_TRUE(meanwhile.hasHappened());
+    }
+    EXPECT_THAT(logs.take(), SizeIs(1));
+    EXPECT_FALSE(isThere(*client, "/root/before"));
+    EXPECT_FALSE(isThere(*client, "/root/afterwards"));
+    client->getRuntime()->evict("/root");
+    EXPECT_EQ("", errorAt(*client, "/root"));
+    EXPECT_TRUE(isThere(*client, "/root/afterwards"));
+}
+
+TEST(Load, ForgetsAFileThatIsEvictedWhileItIsRead) {
+    HeardLogs logs;
+    TestFile file("load_while_read.optree");
+    file.writeOpTree(treeThatAsks("/root/before"));
+    const auto client = load(file.path());
+    {
+        const Meanwhile meanwhile([&] {
+            file.writeOpTree(treeOf("/root/afterwards"));
+            client->getRuntime()->evict("/root");
+        });
+        client->cookLocation("/root");
+        EXPECT_TRUE(meanwhile.hasHappened());
+    }
+    EXPECT_EQ("", errorAt(*client, "/root"));
     EXPECT_FALSE(isThere(*client, "/root/before"));
     EXPECT_TRUE(isThere(*client, "/root/afterwards"));
 }

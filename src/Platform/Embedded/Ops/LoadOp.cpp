@@ -139,6 +139,10 @@ private:
         } catch (const OpError& error) {
             loaded.fault = error.what();
         }
+        if (!(FileIdentity(file_) == loaded.identity)) {
+            loaded.content = {};
+            loaded.fault = file_ + ": it changed while it was read";
+        }
         return keep(std::move(loaded));
     }
 
@@ -230,7 +234,8 @@ private:
         "that load one file share what is cooked of it. A file that cannot be read is "
         "an error at `at`; so is one that loads itself, directly or by way of others. A "
         "changed file is noticed by runtimes that are made after the change, and by "
-        "others when they evict a location.",
+        "others when they evict a location; one that changes while it is read is an error until "
+        "then.",
         0,
         0,
         {
