@@ -21,10 +21,12 @@ TEST_F(ImportOp, TellsWhatIsWrongWithAFileOnceAndTheRestStands) {
     for (const Row& row : {Row{"import_missing.obj", nullptr, "there is no such file"},
                            {"import_empty.obj", "", "it is empty"},
                            {"import_kind.txt", "o part\n", "its extension is none of "},
-                           {"import_wrong.glb", "garbage", ""},
-                           {"import_wrong.gltf", "{\"asset\"", ""},
-                           {"import_wrong.dae", "<COLLADA", ""},
-                           {"import_nothing.obj", "# nothing to see\n", ""}}) {
+                           {"import_wrong.glb", "garbage", "its content is not of the format"},
+                           {"import_wrong.gltf", "{\"asset\"", "its content is not of the format"},
+                           {"import_wrong.dae", "<COLLADA", "malformed XML"},
+                           {"import_nothing.obj",
+                            "# nothing to see\n",
+                            "it holds no polygons, no cameras and no lights"}}) {
         TestFile file(row.name);
         if (row.bytes) {
             file.writeBytes(row.bytes);

@@ -26,6 +26,7 @@ using namespace Sylvar3::internal::OvAttribute;
 using Sylvar3::OvAssetHost::v1::AssetPlugin;
 using Sylvar3::OvAssetHost::v1::OvAssetPluginManager;
 using testing::AllOf;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -118,16 +119,17 @@ TEST(Load, TellsWhatIsWrongWithAFile) {
         const char* bytes;  // Null: there is no file.
         const char* reason;
     };
-    for (const Row& row : {Row{nullptr, "load_wrong.optree"},
-                           {"", ""},
-                           {"garbage", ""},
-                           {"{\"format\": \"sylvar\"", ""},
-                           {"{\"format\": \"sylvar\", \"version\": 1, \"content\": \"attribute\", "
-                            "\"root\": 1}",
-                            "holds neither an op tree nor a scene"},
-                           {"{\"format\": \"sylvar\", \"version\": 1, \"content\": \"op tree\", "
-                            "\"root\": {}}",
-                            "the op tree has no ops"}}) {
+    for (const Row& row :
+         {Row{nullptr, "No such file or directory"},
+          {"", "It is empty."},
+          {"garbage", "It is neither the binary nor the text form."},
+          {"{\"format\": \"sylvar\"", "line 1, column 20: A comma or \"}\" is expected"},
+          {"{\"format\": \"sylvar\", \"version\": 1, \"content\": \"attribute\", "
+           "\"root\": 1}",
+           "holds neither an op tree nor a scene"},
+          {"{\"format\": \"sylvar\", \"version\": 1, \"content\": \"op tree\", "
+           "\"root\": {}}",
+           "the op tree has no ops"}}) {
         TestFile file("load_wrong.optree");
         if (row.bytes) {
             file.writeBytes(row.bytes);
@@ -184,6 +186,7 @@ TEST(Load, IsAnErrorWhereAFileLoadsItself) {
         faults += errorAt(*client, path.c_str()).find("loads itself") != std::string::npos;
     });
     EXPECT_EQ(1, faults);
+    EXPECT_THAT(logs.take(), ElementsAre(HasSubstr("loads itself")));
 }
 
 TEST(Load, IsAnErrorWhereFilesLoadOneAnother) {
@@ -192,7 +195,9 @@ TEST(Load, IsAnErrorWhereFilesLoadOneAnother) {
     TestFile b("load_round_b.optree");
     const auto loading = [](const TestFile& file) {
         return OpTree()
+            .op("s", "scene", Args().set("tree", sceneOf("/root/beside")))
             .op("l", "load", Args().set("file", file.path()).set("at", "/root/next"))
+            .op("m", "merge", GroupAttribute(), {"s", "l"})
             .group();
     };
     a.writeOpTree(loading(b));
@@ -203,8 +208,11 @@ TEST(Load, IsAnErrorWhereFilesLoadOneAnother) {
         faults += errorAt(*client, path.c_str()).find("loads itself") != std::string::npos;
     });
     EXPECT_EQ(1, faults);
+    EXPECT_THAT(logs.take(), ElementsAre(HasSubstr("loads itself")));
+    EXPECT_TRUE(isThere(*client, "/root/beside"));
+    EXPECT_TRUE(isThere(*client, "/root/next/beside"));
     const auto other = load(b.path());
-    EXPECT_TRUE(isThere(*other, "/root"));
+    EXPECT_TRUE(isThere(*other, "/root/beside"));
     EXPECT_GT(10, countFrom(*other, "/root"));
 }
 
@@ -222,7 +230,9 @@ TEST(Load, IsAnErrorWhereFilesLoadOneAnotherTooDeeply) {
     }
     const auto deep = load(files.front().path());
     EXPECT_THAT(errorAt(*deep, "/root"), HasSubstr("more than 400 levels deep"));
+    EXPECT_THAT(logs.take(), ElementsAre(HasSubstr("more than 400 levels deep")));
     EXPECT_TRUE(isThere(*load(files[200].path()), "/root/a"));
+    EXPECT_THAT(logs.take(), IsEmpty());
 }
 
 TEST(Load, FindsItsFileAlongTheSearchPathOfAssets) {
@@ -249,7 +259,8 @@ TEST(Load, TakesTheNameForThePathWhereTheAssetPluginFails) {
     const auto client = load(file.path());
     OvAssetPluginManager::setDefaultAssetPlugin(nullptr);
     EXPECT_TRUE(isThere(*client, "/root/a"));
-    EXPECT_THAT(logs.take(), testing::Each(HasSubstr("no such show")));
+    // Once for the identity of the op, and once for the op.
+    EXPECT_THAT(logs.take(), ElementsAre(HasSubstr("no such show"), HasSubstr("no such show")));
 }
 
 TEST(Load, SharesTheOpsOfAFileWithAllThatLoadIt) {
