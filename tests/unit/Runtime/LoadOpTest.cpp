@@ -7,6 +7,7 @@
 #include "support/OpTreeFile.h"
 #include "support/RuntimeCounts.h"
 #include "support/RuntimeWalk.h"
+#include "support/Sanitized.h"
 #include "support/StaticScene.h"
 
 #include <gmock/gmock.h>
@@ -14,11 +15,14 @@
 
 #include <deque>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <unistd.h>
 #include <utility>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace ovtest;
@@ -86,6 +90,25 @@ public:
 
 private:
     std::function<void()> happens_;
+};
+
+/// For as long as it lives the process gets no more than 64 MiB.
+class LittleMemory {
+public:
+    LittleMemory() {
+        rlim_t pages = 0;
+        std::ifstream("/proc/self/statm") >> pages;
+        getrlimit(RLIMIT_AS, &before_);
+        const auto pageBytes = static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+        const rlimit little{pages * pageBytes + (rlim_t{64} << 20), before_.rlim_max};
+        setrlimit(RLIMIT_AS, &little);
+    }
+    ~LittleMemory() { setrlimit(RLIMIT_AS, &before_); }
+    LittleMemory(const LittleMemory&) = delete;
+    LittleMemory& operator=(const LittleMemory&) = delete;
+
+private:
+    rlimit before_{};
 };
 
 }  // namespace
@@ -156,6 +179,32 @@ TEST(Load, RefusesWhatIsNoPlainFile) {
                   errorAt(*load(path), "/root"));
         EXPECT_THAT(logs.take(), SizeIs(1)) << path;
     }
+}
+
+TEST(Load, TellsThatThereIsNotEnoughMemoryForAFileUntilItIsEvicted) {
+    if (kIsSanitized) {
+        GTEST_SKIP() << "the allocator ends the process";
+    }
+    HeardLogs logs;
+    TestFile file("load_large.optree.json");
+    file.writeOpTree(treeOf("/root/b"));
+    std::ofstream(file.path(), std::ios::app) << std::string(std::size_t{48} << 20, ' ');
+    const auto client = OpTree()
+                            .op("s", "scene", Args().set("tree", sceneOf("/root/beside")))
+                            .op("l", "load", Args().set("file", file.path()).set("at", "/root/a"))
+                            .op("m", "merge", GroupAttribute(), {"s", "l"})
+                            .open();
+    {
+        const LittleMemory little;
+        EXPECT_EQ(
+            "load (op 2 of 3), /root/a: " + file.path() + ": there is not enough memory to read it",
+            errorAt(*client, "/root/a"));
+    }
+    EXPECT_THAT(logs.take(), SizeIs(1));
+    EXPECT_TRUE(isThere(*client, "/root/beside"));
+    EXPECT_FALSE(isThere(*client, "/root/a/b"));
+    client->getRuntime()->evict("/root");
+    EXPECT_TRUE(isThere(*client, "/root/a/b"));
 }
 
 TEST(Load, DoesNotOpenAFileBeforeItIsNeeded) {

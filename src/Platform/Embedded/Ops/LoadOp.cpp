@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -134,16 +135,25 @@ private:
             return known;
         }
         Loaded loaded = begin();
+        read(loaded);
+        return keep(std::move(loaded));
+    }
+
+    /// Where memory runs out the file has no identity: any evict has it read again.
+    void read(Loaded& loaded) const {
         try {
             loaded.content = readContent(file_, loaded.identity);
         } catch (const OpError& error) {
             loaded.fault = error.what();
+        } catch (const std::bad_alloc&) {
+            loaded.identity = FileIdentity();
+            loaded.fault = file_ + ": there is not enough memory to read it";
+            return;
         }
         if (!(FileIdentity(file_) == loaded.identity)) {
             loaded.content = {};
             loaded.fault = file_ + ": it changed while it was read";
         }
-        return keep(std::move(loaded));
     }
 
     Loaded begin() const OV_EXCLUDES(mutex_) {
