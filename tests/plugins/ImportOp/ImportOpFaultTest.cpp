@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdint>
+#include <filesystem>
+#include <string>
 #include <vector>
 
 using namespace ovtest;
@@ -21,10 +24,12 @@ TEST_F(ImportOp, TellsWhatIsWrongWithAFileOnceAndTheRestStands) {
     for (const Row& row : {Row{"import_missing.obj", nullptr, "there is no such file"},
                            {"import_empty.obj", "", "it is empty"},
                            {"import_kind.txt", "o part\n", "its extension is none of "},
-                           {"import_wrong.glb", "garbage", ""},
-                           {"import_wrong.gltf", "{\"asset\"", ""},
-                           {"import_wrong.dae", "<COLLADA", ""},
-                           {"import_nothing.obj", "# nothing to see\n", ""}}) {
+                           {"import_wrong.glb", "garbage", "its content is not of the format"},
+                           {"import_wrong.gltf", "{\"asset\"", "its content is not of the format"},
+                           {"import_wrong.dae", "<COLLADA", "malformed XML"},
+                           {"import_nothing.obj",
+                            "# nothing to see\n",
+                            "it holds no polygons, no cameras and no lights"}}) {
         TestFile file(row.name);
         if (row.bytes) {
             file.writeBytes(row.bytes);
@@ -59,6 +64,21 @@ TEST_F(ImportOp, TellsThatAFileIsBeyondALimit) {
                                .set("maxLocations", DoubleAttribute(1e15))
                                .set("maxFileBytes", DoubleAttribute(1e15))),
                       "/root"));
+}
+
+TEST_F(ImportOp, RefusesAHugeFileByItsSizeAlone) {
+    constexpr std::uintmax_t kSize = 5'000'000'000;
+    for (const char* const name : {"import_huge.obj", "import_huge.glb", "import_huge.stl"}) {
+        TestFile file(name);
+        std::filesystem::resize_file(file.writeBytes(triangle()).path(), kSize);
+        const int made = host.floatsMade();
+        EXPECT_EQ("import (op 1 of 1), /root: " + file.path() +
+                      ": it holds 5000000000 bytes, more than the limit of 1000000000",
+                  errorAt(open(Args().set("file", file.path()).set("maxFileBytes", 1'000'000'000)),
+                          "/root"));
+        EXPECT_EQ(made, host.floatsMade());
+        EXPECT_THAT(logs.take(), SizeIs(1)) << name;
+    }
 }
 
 TEST_F(ImportOp, TellsWhatIsWrongWithAnArgument) {

@@ -7,6 +7,7 @@
 #include "support/OpTreeFile.h"
 #include "support/RuntimeCounts.h"
 #include "support/RuntimeWalk.h"
+#include "support/Sanitized.h"
 #include "support/StaticScene.h"
 
 #include <gmock/gmock.h>
@@ -14,11 +15,14 @@
 
 #include <deque>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <unistd.h>
 #include <utility>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace ovtest;
@@ -26,6 +30,7 @@ using namespace Sylvar3::internal::OvAttribute;
 using Sylvar3::OvAssetHost::v1::AssetPlugin;
 using Sylvar3::OvAssetHost::v1::OvAssetPluginManager;
 using testing::AllOf;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -55,6 +60,56 @@ std::string errorAt(const SylvarRuntime::Client& client, const char* path) {
 bool isThere(const SylvarRuntime::Client& client, const char* path) {
     return client.cookLocation(path).doesLocationExist();
 }
+
+/// An op tree whose ops are made while its file is read: the first asks for the path of an asset.
+GroupAttribute treeThatAsks(const char* path) {
+    return OpTree()
+        .op("l", "load", Args().set("file", "meanwhile"))
+        .op("s", "scene", Args().set("tree", sceneOf(path)))
+        .group();
+}
+
+/// What happens where the op tree asks, once.
+class Meanwhile final : public AssetPlugin {
+public:
+    explicit Meanwhile(std::function<void()> happens) : happens_(std::move(happens)) {
+        OvAssetPluginManager::setDefaultAssetPlugin(this);
+    }
+    ~Meanwhile() override { OvAssetPluginManager::setDefaultAssetPlugin(nullptr); }
+    Meanwhile(const Meanwhile&) = delete;
+    Meanwhile& operator=(const Meanwhile&) = delete;
+
+    bool hasHappened() const { return !happens_; }
+
+    std::string resolveAsset(const std::string& assetId, int, bool) override {
+        if (assetId == "meanwhile" && happens_) {
+            std::exchange(happens_, nullptr)();
+        }
+        return assetId;
+    }
+
+private:
+    std::function<void()> happens_;
+};
+
+/// For as long as it lives the process gets no more than 64 MiB.
+class LittleMemory {
+public:
+    LittleMemory() {
+        rlim_t pages = 0;
+        std::ifstream("/proc/self/statm") >> pages;
+        getrlimit(RLIMIT_AS, &before_);
+        const auto pageBytes = static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+        const rlimit little{pages * pageBytes + (rlim_t{64} << 20), before_.rlim_max};
+        setrlimit(RLIMIT_AS, &little);
+    }
+    ~LittleMemory() { setrlimit(RLIMIT_AS, &before_); }
+    LittleMemory(const LittleMemory&) = delete;
+    LittleMemory& operator=(const LittleMemory&) = delete;
+
+private:
+    rlimit before_{};
+};
 
 }  // namespace
 
@@ -87,16 +142,17 @@ TEST(Load, TellsWhatIsWrongWithAFile) {
         const char* bytes;  // Null: there is no file.
         const char* reason;
     };
-    for (const Row& row : {Row{nullptr, "load_wrong.optree"},
-                           {"", ""},
-                           {"garbage", ""},
-                           {"{\"format\": \"sylvar\"", ""},
-                           {"{\"format\": \"sylvar\", \"version\": 1, \"content\": \"attribute\", "
-                            "\"root\": 1}",
-                            "holds neither an op tree nor a scene"},
-                           {"{\"format\": \"sylvar\", \"version\": 1, \"content\": \"op tree\", "
-                            "\"root\": {}}",
-                            "the op tree has no ops"}}) {
+    for (const Row& row :
+         {Row{nullptr, "No such file or directory"},
+          {"", "It is empty."},
+          {"garbage", "It is neither the binary nor the text form."},
+          {"{\"format\": \"sylvar\"", "line 1, column 20: A comma or \"}\" is expected"},
+          {"{\"format\": \"sylvar\", \"version\": 1, \"content\": \"attribute\", "
+           "\"root\": 1}",
+           "holds neither an op tree nor a scene"},
+          {"{\"format\": \"sylvar\", \"version\": 1, \"content\": \"op tree\", "
+           "\"root\": {}}",
+           "the op tree has no ops"}}) {
         TestFile file("load_wrong.optree");
         if (row.bytes) {
             file.writeBytes(row.bytes);
@@ -123,6 +179,32 @@ TEST(Load, RefusesWhatIsNoPlainFile) {
                   errorAt(*load(path), "/root"));
         EXPECT_THAT(logs.take(), SizeIs(1)) << path;
     }
+}
+
+TEST(Load, TellsThatThereIsNotEnoughMemoryForAFileUntilItIsEvicted) {
+    if (kIsSanitized) {
+        GTEST_SKIP() << "the allocator ends the process";
+    }
+    HeardLogs logs;
+    TestFile file("load_large.optree.json");
+    file.writeOpTree(treeOf("/root/b"));
+    std::ofstream(file.path(), std::ios::app) << std::string(std::size_t{48} << 20, ' ');
+    const auto client = OpTree()
+                            .op("s", "scene", Args().set("tree", sceneOf("/root/beside")))
+                            .op("l", "load", Args().set("file", file.path()).set("at", "/root/a"))
+                            .op("m", "merge", GroupAttribute(), {"s", "l"})
+                            .open();
+    {
+        const LittleMemory little;
+        EXPECT_EQ(
+            "load (op 2 of 3), /root/a: " + file.path() + ": there is not enough memory to read it",
+            errorAt(*client, "/root/a"));
+    }
+    EXPECT_THAT(logs.take(), SizeIs(1));
+    EXPECT_TRUE(isThere(*client, "/root/beside"));
+    EXPECT_FALSE(isThere(*client, "/root/a/b"));
+    client->getRuntime()->evict("/root");
+    EXPECT_TRUE(isThere(*client, "/root/a/b"));
 }
 
 TEST(Load, DoesNotOpenAFileBeforeItIsNeeded) {
@@ -153,6 +235,7 @@ TEST(Load, IsAnErrorWhereAFileLoadsItself) {
         faults += errorAt(*client, path.c_str()).find("loads itself") != std::string::npos;
     });
     EXPECT_EQ(1, faults);
+    EXPECT_THAT(logs.take(), ElementsAre(HasSubstr("loads itself")));
 }
 
 TEST(Load, IsAnErrorWhereFilesLoadOneAnother) {
@@ -161,7 +244,9 @@ TEST(Load, IsAnErrorWhereFilesLoadOneAnother) {
     TestFile b("load_round_b.optree");
     const auto loading = [](const TestFile& file) {
         return OpTree()
+            .op("s", "scene", Args().set("tree", sceneOf("/root/beside")))
             .op("l", "load", Args().set("file", file.path()).set("at", "/root/next"))
+            .op("m", "merge", GroupAttribute(), {"s", "l"})
             .group();
     };
     a.writeOpTree(loading(b));
@@ -172,8 +257,11 @@ TEST(Load, IsAnErrorWhereFilesLoadOneAnother) {
         faults += errorAt(*client, path.c_str()).find("loads itself") != std::string::npos;
     });
     EXPECT_EQ(1, faults);
+    EXPECT_THAT(logs.take(), ElementsAre(HasSubstr("loads itself")));
+    EXPECT_TRUE(isThere(*client, "/root/beside"));
+    EXPECT_TRUE(isThere(*client, "/root/next/beside"));
     const auto other = load(b.path());
-    EXPECT_TRUE(isThere(*other, "/root"));
+    EXPECT_TRUE(isThere(*other, "/root/beside"));
     EXPECT_GT(10, countFrom(*other, "/root"));
 }
 
@@ -191,7 +279,9 @@ TEST(Load, IsAnErrorWhereFilesLoadOneAnotherTooDeeply) {
     }
     const auto deep = load(files.front().path());
     EXPECT_THAT(errorAt(*deep, "/root"), HasSubstr("more than 400 levels deep"));
+    EXPECT_THAT(logs.take(), ElementsAre(HasSubstr("more than 400 levels deep")));
     EXPECT_TRUE(isThere(*load(files[200].path()), "/root/a"));
+    EXPECT_THAT(logs.take(), IsEmpty());
 }
 
 TEST(Load, FindsItsFileAlongTheSearchPathOfAssets) {
@@ -218,7 +308,8 @@ TEST(Load, TakesTheNameForThePathWhereTheAssetPluginFails) {
     const auto client = load(file.path());
     OvAssetPluginManager::setDefaultAssetPlugin(nullptr);
     EXPECT_TRUE(isThere(*client, "/root/a"));
-    EXPECT_THAT(logs.take(), testing::Each(HasSubstr("no such show")));
+    // Once for the identity of the op, and once for the op.
+    EXPECT_THAT(logs.take(), ElementsAre(HasSubstr("no such show"), HasSubstr("no such show")));
 }
 
 TEST(Load, SharesTheOpsOfAFileWithAllThatLoadIt) {
@@ -293,33 +384,39 @@ TEST(Load, SeesAChangedFileInARuntimeThatIsMadeLater) {
     EXPECT_TRUE(isThere(*first, "/root/before"));
 }
 
-TEST(Load, ForgetsAFileThatChangesWhileItIsRead) {
-    class Meanwhile : public AssetPlugin {
-    public:
-        std::string resolveAsset(const std::string& assetId, int, bool) override {
-            if (assetId == "meanwhile" && happens) {
-                std::exchange(happens, nullptr)();
-            }
-            return assetId;
-        }
-        std::function<void()> happens;
-    };
-    TestFile file("load_while_read.optree");
-    // Its ops are made while it is read, and the first one asks for the path of an asset.
-    file.writeOpTree(OpTree()
-                         .op("l", "load", Args().set("file", "meanwhile"))
-                         .op("s", "scene", Args().set("tree", sceneOf("/root/before")))
-                         .group());
+TEST(Load, TellsThatAFileChangesWhileItIsRead) {
+    HeardLogs logs;
+    TestFile file("load_torn.optree");
+    file.writeOpTree(treeThatAsks("/root/before"));
     const auto client = load(file.path());
-    Meanwhile plugin;
-    plugin.happens = [&] {
-        file.writeOpTree(treeOf("/root/afterwards"));
-        client->getRuntime()->evict("/root");
-    };
-    OvAssetPluginManager::setDefaultAssetPlugin(&plugin);
-    client->cookLocation("/root");
-    OvAssetPluginManager::setDefaultAssetPlugin(nullptr);
-    EXPECT_FALSE(plugin.happens);
+    {
+        const Meanwhile meanwhile([&] { file.writeOpTree(treeOf("/root/afterwards")); });
+        EXPECT_EQ("load (op 1 of 1), /root: " + file.path() + ": it changed while it was read",
+                  errorAt(*client, "/root"));
+        EXPECT_TRUE(meanwhile.hasHappened());
+    }
+    EXPECT_THAT(logs.take(), SizeIs(1));
+    EXPECT_FALSE(isThere(*client, "/root/before"));
+    EXPECT_FALSE(isThere(*client, "/root/afterwards"));
+    client->getRuntime()->evict("/root");
+    EXPECT_EQ("", errorAt(*client, "/root"));
+    EXPECT_TRUE(isThere(*client, "/root/afterwards"));
+}
+
+TEST(Load, ForgetsAFileThatIsEvictedWhileItIsRead) {
+    HeardLogs logs;
+    TestFile file("load_while_read.optree");
+    file.writeOpTree(treeThatAsks("/root/before"));
+    const auto client = load(file.path());
+    {
+        const Meanwhile meanwhile([&] {
+            file.writeOpTree(treeOf("/root/afterwards"));
+            client->getRuntime()->evict("/root");
+        });
+        client->cookLocation("/root");
+        EXPECT_TRUE(meanwhile.hasHappened());
+    }
+    EXPECT_EQ("", errorAt(*client, "/root"));
     EXPECT_FALSE(isThere(*client, "/root/before"));
     EXPECT_TRUE(isThere(*client, "/root/afterwards"));
 }

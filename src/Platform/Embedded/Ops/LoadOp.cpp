@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -133,12 +134,25 @@ private:
             return known;
         }
         Loaded loaded = begin();
+        read(loaded);
+        return keep(std::move(loaded));
+    }
+
+    /// Where memory runs out the file has no identity: any evict has it read again.
+    void read(Loaded& loaded) const {
         try {
             loaded.content = readContent(file_, loaded.identity);
         } catch (const OpError& error) {
             loaded.fault = error.what();
+        } catch (const std::bad_alloc&) {
+            loaded.identity = FileIdentity();
+            loaded.fault = file_ + ": there is not enough memory to read it";
+            return;
         }
-        return keep(std::move(loaded));
+        if (!(FileIdentity(file_) == loaded.identity)) {
+            loaded.content = {};
+            loaded.fault = file_ + ": it changed while it was read";
+        }
     }
 
     Loaded begin() const OV_EXCLUDES(mutex_) {
@@ -229,7 +243,8 @@ private:
         "that load one file share what is cooked of it. A file that cannot be read is "
         "an error at `at`; so is one that loads itself, directly or by way of others. A "
         "changed file is noticed by runtimes that are made after the change, and by "
-        "others when they evict a location.",
+        "others when they evict a location; one that changes while it is read is an error until "
+        "then.",
         0,
         0,
         {
