@@ -183,7 +183,8 @@ TEST_F(OpTypeCook, FailsWithTheFirstReasonAlone) {
     const auto client = open(Action("fail"));
     EXPECT_EQ("test.op (op 1 of 1), /root: the first reason", errorAt(client));
     EXPECT_THAT(logs.take(), ElementsAre(HasSubstr("/root: the first reason")));
-    EXPECT_EQ("test.op (op 1 of 1), /root: fails, and gives no reason", errorAt(open(Action("failWithoutReason"))));
+    EXPECT_EQ("test.op (op 1 of 1), /root: fails, and gives no reason",
+              errorAt(open(Action("failWithoutReason"))));
 }
 
 TEST_F(OpTypeCook, FailsAndTheRestOfTheSceneStands) {

@@ -23,7 +23,7 @@ struct OpSpec {
     std::string type;
     OvAttribute::GroupAttribute arguments;
     std::vector<std::size_t> inputs;  ///< Places in the list of ops, or `kNoInput`.
-    std::string fault;                ///< What is wrong with it as it stands; empty for nothing.
+    std::string fault{};              ///< What is wrong with it as it stands; empty for nothing.
 };
 
 /// Interns the ops, and returns one for each spec. `origin` is the file that they come from, for

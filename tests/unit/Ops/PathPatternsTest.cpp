@@ -2,7 +2,7 @@
 #include "Platform/Embedded/Ops/Patterns/PathPatterns.h"
 
 #include "Platform/Embedded/Runtime/Op.h"
-#include "unit/Runtime/NaivePatterns.h"
+#include "unit/Ops/NaivePatterns.h"
 
 #include <gtest/gtest.h>
 

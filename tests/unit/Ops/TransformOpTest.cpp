@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-
 #include <set>
 #include <string>
 
@@ -152,12 +151,10 @@ TEST(Transform, AddsItselfInFrontOfAnOriginThatIsNoNumber) {
         const GroupAttribute own(
             {{"translate", doubles({1, 0, 0})}, {"origin", origin}, {"scale", doubles({3, 3, 3})}},
             false);
-        const auto client = openOver(StaticScene().set("/root/a", "xform", own),
-                                     "transform",
-                                     Args()
-                                         .set("paths", "/root/a")
-                                         .set("mode", "add")
-                                         .set("rotate", doubles({1, 0, 0, 1})));
+        const auto client = openOver(
+            StaticScene().set("/root/a", "xform", own),
+            "transform",
+            Args().set("paths", "/root/a").set("mode", "add").set("rotate", doubles({1, 0, 0, 1})));
         EXPECT_THAT(namesAt(*client, "/root/a", "xform"),
                     ElementsAre("rotate", "translate", "origin", "scale"));
     }

@@ -13,8 +13,8 @@ namespace {
 
 constexpr const char* kPath = "/root/world/cam/camera";
 
-std::shared_ptr<SylvarRuntime::Client> open(const char* type, Args arguments) {
-    return OpTree().op("one", type, arguments.set("path", kPath)).open();
+std::shared_ptr<SylvarRuntime::Client> open(Args arguments) {
+    return OpTree().op("one", "camera", arguments.set("path", kPath)).open();
 }
 
 std::string kindAt(const SylvarRuntime::Client& client, const std::string& name) {
@@ -36,13 +36,13 @@ double numberAt(const SylvarRuntime::Client& client, const std::string& name) {
 }  // namespace
 
 TEST(CameraOp, MakesOneLocationAndTheWayToIt) {
-    EXPECT_THAT(pathsFrom(*open("camera", Args())),
+    EXPECT_THAT(pathsFrom(*open(Args())),
                 ElementsAre("/root", "/root/world", "/root/world/cam", kPath));
-    EXPECT_EQ("camera", textAt(*open("camera", Args()), kPath, "type"));
+    EXPECT_EQ("camera", textAt(*open(Args()), kPath, "type"));
 }
 
 TEST(CameraOp, HasEveryValueOfTheLensAsADouble) {
-    const auto client = open("camera", Args());
+    const auto client = open(Args());
     for (const char* const name :
          {"fov", "near", "far", "left", "right", "top", "bottom", "orthographicWidth"}) {
         EXPECT_EQ("double", kindAt(*client, std::string("geometry.") + name)) << name;
@@ -55,7 +55,7 @@ TEST(CameraOp, HasEveryValueOfTheLensAsADouble) {
 TEST(CameraOp, TakesItsValuesOfAnyNumberKindWithTheirSamples) {
     const FloatAttribute zoom(TimedSamples<float>{{0.0F, {30.0F}}, {1.0F, {40.0F}}}, 1);
     const auto client =
-        open("camera", Args().set("near", 2).set("fov", zoom).set("projection", "orthographic"));
+        open(Args().set("near", 2).set("fov", zoom).set("projection", "orthographic"));
     EXPECT_EQ("double", kindAt(*client, "geometry.near"));
     EXPECT_EQ(2, numberAt(*client, "geometry.near"));
     EXPECT_EQ(40, doublesAt(*client, kPath, "geometry.fov", 1.0F).front());
@@ -66,8 +66,8 @@ TEST(CameraOp, HasTheTransformThatItIsGiven) {
     const GroupAttribute xform({{"translate", DoubleAttribute(std::vector<double>{1, 2, 3}, 3)}},
                                false);
     EXPECT_EQ((std::vector<double>{1, 2, 3}),
-              doublesAt(*open("camera", Args().set("xform", xform)), kPath, "xform.translate"));
-    EXPECT_FALSE(attributeAt(*open("camera", Args()), kPath, "xform").isValid());
+              doublesAt(*open(Args().set("xform", xform)), kPath, "xform.translate"));
+    EXPECT_FALSE(attributeAt(*open(Args()), kPath, "xform").isValid());
 }
 
 TEST(CameraOp, TellsAtItsPathWhatIsWrongWithItsArguments) {
@@ -89,60 +89,9 @@ TEST(CameraOp, TellsAtItsPathWhatIsWrongWithItsArguments) {
          "argument \"xform\": there is no step \"translat\"; did you mean \"translate\"?"},
     };
     for (const Row& row : rows) {
-        EXPECT_THAT(errorAt(*open("camera", row.arguments), kPath),
+        EXPECT_THAT(errorAt(*open(row.arguments), kPath),
                     HasSubstr("camera (op 1 of 1), " + std::string(kPath) + ": " + row.reason));
     }
     EXPECT_THAT(errorAt(*OpTree().op("c", "camera").open(), "/root"),
                 HasSubstr("argument \"path\" is missing"));
-}
-
-TEST(LightOp, HasEveryValueOfItsType) {
-    struct Row {
-        const char* type;
-        std::vector<std::string> names;
-    };
-    const std::vector<Row> rows = {
-        {"distant", {"type", "color", "intensity", "exposure", "angle"}},
-        {"point", {"type", "color", "intensity", "exposure", "radius"}},
-        {"spot",
-         {"type", "color", "intensity", "exposure", "radius", "coneAngle", "coneInnerAngle"}},
-        {"area", {"type", "color", "intensity", "exposure", "width", "height"}},
-        {"ambient", {"type", "color", "intensity", "exposure"}},
-    };
-    for (const Row& row : rows) {
-        const auto client = open("light", Args().set("type", row.type));
-        EXPECT_EQ("light", textAt(*client, kPath, "type"));
-        EXPECT_EQ(row.type, textAt(*client, kPath, "light.type"));
-        EXPECT_EQ(row.names, namesAt(*client, kPath, "light"));
-        EXPECT_EQ((std::vector<double>{1, 1, 1}), doublesAt(*client, kPath, "light.color"));
-    }
-}
-
-TEST(LightOp, TakesTheValuesThatItIsGiven) {
-    const auto client = open("light",
-                             Args()
-                                 .set("type", "area")
-                                 .set("color", FloatAttribute(std::vector<float>{1, 0.5F, 0}, 3))
-                                 .set("exposure", 3)
-                                 .set("width", DoubleAttribute(2.5)));
-    EXPECT_EQ((std::vector<double>{1, 0.5, 0}), doublesAt(*client, kPath, "light.color"));
-    EXPECT_EQ(3, numberAt(*client, "light.exposure"));
-    EXPECT_EQ(2.5, numberAt(*client, "light.width"));
-}
-
-TEST(LightOp, TellsAtItsPathWhatIsWrongWithItsArguments) {
-    struct Row {
-        Args arguments;
-        const char* reason;
-    };
-    const std::vector<Row> rows = {
-        {Args().set("type", "point").set("width", 1),
-         "argument \"width\": expected nothing, since the light is a point"},
-        {Args().set("color", 1), "argument \"color\": expected 3 numbers, found 1"},
-        {Args().set("intensity", -1), "argument \"intensity\": expected 0 to 3.4"},
-        {Args().set("type", "sun"), "argument \"type\": expected one of \"distant\""},
-    };
-    for (const Row& row : rows) {
-        EXPECT_THAT(errorAt(*open("light", row.arguments), kPath), HasSubstr(row.reason));
-    }
 }

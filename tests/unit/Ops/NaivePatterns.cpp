@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "unit/Runtime/NaivePatterns.h"
+#include "unit/Ops/NaivePatterns.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -157,12 +157,13 @@ TEST(Merge, GivesUpWhereGroupsStandInVeryManyPlaces) {
     const auto client = mergeOf(StaticScene().set("/root", "g", nested(1)),
                                 StaticScene().set("/root", "g", nested(2)),
                                 "deep");
-    EXPECT_EQ("merge (op 3 of 3), /root: more than 100000 groups lie in one another, and cannot be "
-              "merged",
-              client->cookLocation("/root")
-                  .getAttrs()
-                  .getChild<StringAttribute>("errorMessage")
-                  .getValue(""));
+    EXPECT_EQ(
+        "merge (op 3 of 3), /root: more than 100000 groups lie in one another, and cannot be "
+        "merged",
+        client->cookLocation("/root")
+            .getAttrs()
+            .getChild<StringAttribute>("errorMessage")
+            .getValue(""));
 }
 
 TEST(Merge, RefusesGroupsThatAreNestedTooDeeply) {
