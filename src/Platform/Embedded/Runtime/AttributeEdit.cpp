@@ -17,8 +17,8 @@ AttributeEdit::AttributeEdit(const Location& location) {
 
 AttributeEdit::AttributeEdit(GroupValue& group)
     : base_(&group),
+      shape_(group.shape),
       inherits_(group.inherits()),
-      hasNewNames_(false),
       values_(std::as_const(group).begin(), std::as_const(group).end()) {}
 
 void AttributeEdit::set(std::string_view name, Value* value) {
@@ -53,12 +53,12 @@ bool AttributeEdit::has(std::string_view name) const {
 }
 
 std::int64_t AttributeEdit::placeOf(std::string_view name) const {
-    return hasNewNames_ ? names_.find(name) : base_->shape->find(name);
+    return shape_ ? shape_->find(name) : names_.find(name);
 }
 
 std::string_view AttributeEdit::nameAt(std::size_t place) const {
     const auto index = static_cast<std::int64_t>(place);
-    return hasNewNames_ ? names_[index] : base_->shape->name(index);
+    return shape_ ? shape_->name(index) : names_[index];
 }
 
 bool AttributeEdit::isGone(std::size_t place) const {
@@ -66,13 +66,10 @@ bool AttributeEdit::isGone(std::size_t place) const {
 }
 
 void AttributeEdit::takeNames() {
-    if (hasNewNames_) {
-        return;
+    for (std::int64_t i = 0; shape_ && i < shape_->size(); ++i) {
+        names_.add(shape_->name(i));
     }
-    for (std::int64_t i = 0; i < base_->size(); ++i) {
-        names_.add(base_->shape->name(i));
-    }
-    hasNewNames_ = true;
+    shape_ = nullptr;
 }
 
 bool AttributeEdit::isOfBase(std::size_t place) const {
@@ -81,7 +78,7 @@ bool AttributeEdit::isOfBase(std::size_t place) const {
 }
 
 bool AttributeEdit::isBase() const {
-    return base_ && !hasNewNames_ && isGone_.empty() && inherits_ == base_->inherits() &&
+    return base_ && shape_ && isGone_.empty() && inherits_ == base_->inherits() &&
            std::equal(values_.begin(), values_.end(), base_->begin());
 }
 
@@ -107,8 +104,8 @@ Values::GroupValue* AttributeEdit::writeAll(LocationWriter& out) const {
             rest.add(nameAt(i));
         }
     }
-    if (hasAll && !hasNewNames_) {
-        return out.addGroup(*base_->shape, kept.data(), inherits_);
+    if (hasAll && shape_) {
+        return out.addGroup(*shape_, kept.data(), inherits_);
     }
     const auto letGo = [](const Values::Shape* shape) { shape->release(); };
     const std::unique_ptr<const Values::Shape, decltype(letGo)> shape(

@@ -53,8 +53,8 @@ private:
     GroupValue* writeAll(LocationWriter& out) const;
 
     GroupValue* base_ = nullptr;
+    const OvAttribute::Embedded::Shape* shape_ = nullptr;  ///< The base's, while no name is new.
     bool inherits_ = false;
-    bool hasNewNames_ = true;  ///< Otherwise the names are those of the base.
     OvAttribute::Embedded::NameList names_;
     boost::container::small_vector<Value*, 24> values_;
     boost::container::small_vector<bool, 24> isGone_;  ///< Empty while nothing was removed.

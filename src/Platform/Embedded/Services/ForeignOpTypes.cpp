@@ -57,7 +57,11 @@ const OpType* findForeignOpType(const std::string& name, std::string& fault) {
         return nullptr;
     }
     const auto* const table = static_cast<const OvOpType*>(PluginManager::getPluginSuite(plugin));
-    fault = table ? faultOfOpType(*table) : reasonForNoTable(name);
+    if (!table) {
+        fault = reasonForNoTable(name);
+        return nullptr;
+    }
+    fault = faultOfOpType(*table);
     return fault.empty() ? &typeOf(name, *table) : nullptr;
 }
 
