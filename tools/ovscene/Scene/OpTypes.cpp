@@ -37,7 +37,7 @@ OpTypeDescription opTypeOf(const rapidjson::Value& value) {
 
 std::optional<std::vector<OpTypeDescription>> opTypes() {
     const auto runtime = Sylvar3::OvSylvarServicesHost::v1::Sylvar().createRuntime();
-    const auto answer = runtime ? askRuntime(*runtime, "getAnonymousOpRegistry") : std::nullopt;
+    const auto answer = runtime ? askRuntime(*runtime, "getAnonymousOpRegistry") : nullptr;
     if (!answer) {
         return std::nullopt;
     }

@@ -2,6 +2,7 @@
 #include "Scene/RuntimeAnswer.h"
 
 #include <future>
+#include <optional>
 #include <utility>
 
 namespace ovscene {
@@ -18,20 +19,19 @@ void complete(std::int32_t status, const char* data, std::uint64_t length, void*
 
 }  // namespace
 
-std::optional<rapidjson::Document> jsonObject(std::string_view text) {
-    rapidjson::Document document;
-    document.Parse<rapidjson::kParseIterativeFlag>(text.data(), text.size());
-    return document.HasParseError() || !document.IsObject() ? std::nullopt
-                                                            : std::optional(std::move(document));
+JsonDocument jsonObject(std::string_view text) {
+    auto document = std::make_unique<rapidjson::Document>();
+    document->Parse<rapidjson::kParseIterativeFlag>(text.data(), text.size());
+    const bool isObject = !document->HasParseError() && document->IsObject();
+    return isObject ? std::move(document) : nullptr;
 }
 
-std::optional<rapidjson::Document> askRuntime(const SylvarRuntime& runtime,
-                                              std::string_view query) {
+JsonDocument askRuntime(const SylvarRuntime& runtime, std::string_view query) {
     std::promise<Answer> promise;
     runtime.suite->queryRuntimeInfo(
         runtime.handle, query.data(), query.size(), &promise, &complete);
     const Answer answer = promise.get_future().get();
-    return answer ? jsonObject(*answer) : std::nullopt;
+    return answer ? jsonObject(*answer) : nullptr;
 }
 
 const rapidjson::Value& member(const rapidjson::Value& object, const char* name) {

@@ -7,7 +7,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -16,12 +16,14 @@ namespace ovscene {
 
 using Sylvar3::internal::OvSylvar::SylvarRuntime;
 
-/// A text as JSON; empty when it is no JSON object.
-std::optional<rapidjson::Document> jsonObject(std::string_view text);
+using JsonDocument = std::unique_ptr<const rapidjson::Document>;
 
-/// The answer to a query of `queryRuntimeInfo`; empty when the runtime has none, or one that is no
+/// A text as JSON; null when it is no JSON object.
+JsonDocument jsonObject(std::string_view text);
+
+/// The answer to a query of `queryRuntimeInfo`; null when the runtime has none, or one that is no
 /// JSON object.
-std::optional<rapidjson::Document> askRuntime(const SylvarRuntime& runtime, std::string_view query);
+JsonDocument askRuntime(const SylvarRuntime& runtime, std::string_view query);
 
 /// @name Members of an object
 /// A member that is not there, or is of another kind, reads as null, "", 0 or false.

@@ -35,7 +35,7 @@ RuntimeStatistics statisticsOf(const rapidjson::Document& document) {
 
 std::optional<RuntimeStatistics> runtimeStatistics(const SceneLocation& location) {
     const std::shared_ptr<SylvarRuntime::Client> client = location.client();
-    const auto answer = client ? askRuntime(*client->getRuntime(), "getStatistics") : std::nullopt;
+    const auto answer = client ? askRuntime(*client->getRuntime(), "getStatistics") : nullptr;
     return answer ? std::optional(statisticsOf(*answer)) : std::nullopt;
 }
 
