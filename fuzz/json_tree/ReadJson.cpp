@@ -20,18 +20,26 @@ void require(bool condition) {
     }
 }
 
-/// The offset of a line and a column; both count from 1, columns in characters.
+/// Where the character ends that begins at `at` or before it.
+std::size_t endOfCharacter(std::string_view text, std::size_t at) {
+    while (at < text.size() && (text[at] & 0xC0) == 0x80) {
+        ++at;
+    }
+    return at;
+}
+
+/// The offset of a line and a column; both count from 1, columns in characters. What a line begins
+/// with that is the rest of a character, as a comment may, is none.
 std::size_t offsetOf(std::string_view text, std::size_t line, std::size_t column) {
     std::size_t at = 0;
     for (; line > 1; --line) {
         at = text.find('\n', at);
         require(at++ != std::string_view::npos);
     }
+    at = endOfCharacter(text, at);
     for (; column > 1; --column) {
-        require(at++ < text.size());
-        while (at < text.size() && (text[at] & 0xC0) == 0x80) {
-            ++at;
-        }
+        require(at < text.size());
+        at = endOfCharacter(text, at + 1);
     }
     return at;
 }

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <OvSylvarProducers/suites/Initialize.h>
+
+#include "Utils/OvScenegraphIteratorHost/ScenegraphIteratorSuite.h"
+
+int OvSylvarProducersInitialize(const OvHostTable* host) {
+    host->registerHostSuite(SYLVAR::scenegraphIteratorSuite(),
+                            OV_SCENEGRAPH_ITERATOR_SUITE_NAME,
+                            OV_SCENEGRAPH_ITERATOR_SUITE_VERSION);
+    return host->registerHostSuite(SYLVAR::scenegraphIteratorSuite2(),
+                                   OV_SCENEGRAPH_ITERATOR_SUITE_NAME,
+                                   OV_SCENEGRAPH_ITERATOR_SUITE_VERSION_2);
+}
