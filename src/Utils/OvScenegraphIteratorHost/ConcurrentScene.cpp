@@ -21,24 +21,6 @@ long readFromContext(void* context, void* buffer, long size) {
     return static_cast<long>(stream.gcount());
 }
 
-/// A client of the file's ops; empty when the runtime has no transaction or no client to give.
-std::shared_ptr<SylvarRuntime::Client> clientOf(SylvarRuntime& runtime,
-                                                const std::string& filename) {
-    const auto transaction = runtime.createTransaction();
-    if (!transaction) {
-        return {};
-    }
-    std::ifstream file(filename, std::ios::in | std::ios::binary);
-    FileContext context{&file, filename.c_str()};
-    const auto op = transaction->deserializeOps(&context, readFromContext);
-    auto client = transaction->createClient();
-    if (client) {
-        transaction->setClientOp(client, op);
-        runtime.commit(transaction);
-    }
-    return client;
-}
-
 }  // namespace
 
 std::shared_ptr<SylvarRuntime> publishRenderRuntime() {
@@ -54,7 +36,20 @@ std::shared_ptr<SylvarRuntime> publishRenderRuntime() {
 GeometryProducerPtr openConcurrentScene(SylvarRuntime& runtime,
                                         const std::string& filename,
                                         const std::string& path) {
-    return CreateSyncGeometryProducer(clientOf(runtime, filename), path);
+    const auto transaction = runtime.createTransaction();
+    if (!transaction) {
+        return nullptr;
+    }
+    std::ifstream file(filename, std::ios::in | std::ios::binary);
+    FileContext context{&file, filename.c_str()};
+    const auto op = transaction->deserializeOps(&context, readFromContext);
+    const auto client = transaction->createClient();
+    if (!client) {
+        return nullptr;
+    }
+    transaction->setClientOp(client, op);
+    runtime.commit(transaction);
+    return CreateSyncGeometryProducer(client, path);
 }
 
 }  // namespace SYLVAR

@@ -13,8 +13,9 @@ namespace SYLVAR {
 /// there is none, and then that name has none either. Two calls must not run at the same time.
 std::shared_ptr<SylvarRuntime> publishRenderRuntime();
 
-/// The location at a path of the scene that an op tree file describes. Null when it is not there; a
-/// file that cannot be opened reads as an empty one.
+/// The location at a path of the scene that an op tree file describes. Null when it is not there,
+/// or when the runtime gives no transaction or no client; a file that cannot be opened reads as an
+/// empty one.
 GeometryProducerPtr openConcurrentScene(SylvarRuntime& runtime,
                                         const std::string& filename,
                                         const std::string& path);
