@@ -19,8 +19,10 @@ void retainIterator(OvSgIteratorStruct* iterator) noexcept {
     }
 }
 
+/// Who holds the one reference that is left shares the count with nobody, and need not write it.
 void releaseIterator(OvSgIteratorStruct* iterator) noexcept {
-    if (iterator && iterator->refCount.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+    if (iterator && (iterator->refCount.load(std::memory_order_acquire) == 1 ||
+                     iterator->refCount.fetch_sub(1, std::memory_order_acq_rel) == 1)) {
         delete iterator;
     }
 }
