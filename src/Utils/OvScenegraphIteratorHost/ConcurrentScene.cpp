@@ -24,7 +24,8 @@ long readFromContext(void* context, void* buffer, long size) {
 }  // namespace
 
 std::shared_ptr<SylvarRuntime> publishRenderRuntime() {
-    using namespace Sylvar3::OvSylvarServicesHost::v1;
+    using Sylvar3::OvSylvarServicesHost::v1::RegisterRuntimeInstance;
+    using Sylvar3::OvSylvarServicesHost::v1::Sylvar;
     constexpr char kName[] = "renderRuntime";
     RegisterRuntimeInstance({}, kName);
     Sylvar services;

@@ -9,7 +9,7 @@ using namespace Sylvar3::internal::OvAttribute;
 
 namespace {
 
-constexpr int kCopies = 100'000;
+constexpr int kCopies = 20'000;
 
 /// What a copy has of its own: a group of one matrix, and its place among the attributes.
 constexpr std::int64_t kTransformBytes = 8 + 32 + 8 + 24 + 16 * 8;

@@ -34,7 +34,7 @@ void onSmallStack(Action action) {
     pthread_attr_destroy(&attributes);
 }
 
-constexpr int kDepth = 1000000;
+constexpr int kDepth = 100000;
 
 /// Groups in groups, a number of its own in each so that no two are equal.
 GroupAttribute deepGroup() {
