@@ -102,17 +102,12 @@ Value* createFromSamples(const float* times,
     return data;
 }
 
-/// The bytes of the records of some strings; throws `std::length_error` for a text of over 4 GiB.
-std::size_t recordBytesOf(const char* const* strings, std::int64_t count) {
-    std::size_t bytes = 0;
-    for (std::int64_t i = 0; i < count; ++i) {
-        const std::size_t length = viewOf(strings[i]).size();
-        if (length > std::numeric_limits<std::uint32_t>::max()) {
-            throw std::length_error("A string attribute's value is longer than 4 GiB.");
-        }
-        bytes += length + TextRecord::kExtraBytes;
+/// The bytes of a string's record; throws `std::length_error` for a text of over 4 GiB.
+std::size_t recordBytesOf(std::string_view text) {
+    if (text.size() > std::numeric_limits<std::uint32_t>::max()) {
+        throw std::length_error("A string attribute's value is longer than 4 GiB.");
     }
-    return bytes;
+    return text.size() + TextRecord::kExtraBytes;
 }
 
 Value* createStringFromSamples(const float* times,
@@ -128,7 +123,9 @@ Value* createStringFromSamples(const float* times,
     }
     const std::int64_t samplesWithValues = valuesPerSample == 0 ? 0 : timeCount;
     for (std::int64_t i = 0; i < samplesWithValues; ++i) {
-        shape.textBytes += recordBytesOf(samples[i], valuesPerSample);
+        for (std::int64_t j = 0; j < valuesPerSample; ++j) {
+            shape.textBytes += recordBytesOf(viewOf(samples[i][j]));
+        }
     }
     DataValue* const data = newDataValue(nullptr, shape);
     StringWriter writer(*data);
@@ -146,7 +143,12 @@ Value* createStringArray(const char* const* values, std::int64_t count, std::int
 }
 
 Value* createString(const char* value) {
-    return createStringArray(&value, 1, 1);
+    const std::string_view text = viewOf(value);
+    DataShape shape{OV_ATTRIBUTE_STRING};
+    shape.textBytes = recordBytesOf(text);
+    DataValue* const data = newDataValue(nullptr, shape);
+    StringWriter(*data).write(text);
+    return data;
 }
 
 template <std::int32_t Kind, class T>

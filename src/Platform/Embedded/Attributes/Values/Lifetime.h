@@ -26,9 +26,15 @@ inline Value* retained(Value* value) {
 /// loop, however deep the groups.
 void end(Value& value) noexcept;
 
-/// Drops a reference; true when it was the owner's last one.
+/// Drops a reference; true when it was the owner's last one. The one reference to a standalone
+/// value is shared with nobody, and need not be written; to a page, others may add theirs
+/// meanwhile.
 inline bool dropIsLast(Value& value) {
-    return ownerOf(value).count.fetch_sub(1, std::memory_order_acq_rel) == 1;
+    Owner& owner = ownerOf(value);
+    if (!owner.block && owner.count.load(std::memory_order_acquire) == 1) {
+        return true;
+    }
+    return owner.count.fetch_sub(1, std::memory_order_acq_rel) == 1;
 }
 
 /// Drops a reference, and ends the value with the last one.
