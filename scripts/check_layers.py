@@ -50,8 +50,8 @@ def public_header_faults(root):
                 yield file, f"the resolution table links no library of ours, but sees {path}"
             if in_suites and top and "/suites/" not in path:
                 yield file, f"a header of suites/ sees suites/ and the standard library, not {path}"
-            if file.suffix == ".h" and path.endswith(".hpp"):
-                yield file, f"{path} is for C++ alone"
+            if in_suites and file.suffix == ".h" and path.endswith(".hpp"):
+                yield file, f"a plain C header must not include {path}"
 
 
 def layer_faults(root):

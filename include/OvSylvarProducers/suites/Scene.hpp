@@ -191,6 +191,9 @@ private:
 template <class T>
 class Values {
 public:
+    using value_type = T;
+    using const_iterator = const T*;
+
     Values() noexcept = default;
 
     const T* begin() const noexcept { return data_; }
