@@ -141,10 +141,10 @@ std::int32_t render(const OvRenderJob* job) {
     return rendered ? 0 : 1;
 }
 
-const OvRenderer renderer = {sizeof(OvRenderer),
-                             0,  // reserved
-                             "Prints what a scene holds: locations, types and points.",
-                             render};
+const OvRenderer kRenderer = {sizeof(OvRenderer),
+                              0,  // reserved
+                              "Prints what a scene holds: locations, types and points.",
+                              render};
 
 // ---- The plug-in --------------------------------------------------------------------------------
 
@@ -155,7 +155,7 @@ std::int32_t setHost(const OvHostTable* table) {
 }
 
 const void* getSuite() {
-    return &renderer;
+    return &kRenderer;
 }
 
 OvPluginStruct plugin = {sizeof(OvPluginStruct),

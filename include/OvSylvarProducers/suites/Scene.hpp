@@ -16,6 +16,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <variant>
 
@@ -580,7 +581,14 @@ template <class T>
 T Attribute::get(T otherwise, std::int64_t index, float time) const {
     typename Detail::Stored<T>::Value value{};
     const auto nearest = Detail::Stored<T>::kNearest;
-    return handle_ && (suite_->*nearest)(&handle_, index, time, &value) ? T(value) : otherwise;
+    if (!handle_ || !(suite_->*nearest)(&handle_, index, time, &value)) {
+        return otherwise;
+    }
+    if constexpr (std::is_pointer_v<decltype(value)>) {
+        return value ? T(value) : otherwise;
+    } else {
+        return value;
+    }
 }
 
 template <class T>

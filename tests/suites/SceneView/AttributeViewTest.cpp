@@ -82,6 +82,15 @@ TEST_F(AttributeView, GivesOneValueOfItsKindAndOtherwiseTheOtherOne) {
     EXPECT_EQ("none", Value().get<std::string>("none"));
 }
 
+TEST_F(AttributeView, GivesTheOtherStringForOneThatIsNull) {
+    tables.attributes.getNearestString =
+        [](OvAttributeStruct* const*, std::int64_t, float, const char** value) {
+            *value = nullptr;
+            return std::uint8_t{1};
+        };
+    EXPECT_EQ("none", viewOf(StringAttribute("text")).get<std::string>("none"));
+}
+
 TEST_F(AttributeView, GivesTheValueAtAnIndexOfTheNearestSample) {
     EXPECT_EQ(3.0F, moving().get(0.0F, 2));
     EXPECT_EQ(6.0F, moving().get(0.0F, 2, 1.2F));
