@@ -89,15 +89,13 @@ static int reserveType(Census* census) {
 
 /* 0 when memory runs out. */
 static int insertType(Census* census, size_t place, const char* type) {
-    char* copy = 0;
+    const size_t size = strlen(type) + 1;
+    char* const copy = reserveType(census) ? (char*)malloc(size) : 0;
     TypeCount* at;
-    if (reserveType(census)) {
-        copy = (char*)malloc(strlen(type) + 1);
-    }
     if (!copy) {
         return 0;
     }
-    strcpy(copy, type);
+    memcpy(copy, type, size);
     at = census->types + place;
     memmove(at + 1, at, (census->typeCount - place) * sizeof *at);
     at->type = copy;

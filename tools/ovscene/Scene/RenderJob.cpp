@@ -28,6 +28,7 @@ Attribute asOpTree(const Attribute& staticScene) {
 
 std::vector<const char*> pointersTo(const std::vector<std::string>& texts) {
     std::vector<const char*> pointers;
+    pointers.reserve(texts.size());
     for (const std::string& text : texts) {
         pointers.push_back(text.c_str());
     }
