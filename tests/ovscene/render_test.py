@@ -4,6 +4,7 @@
 of SampleRenderers.so, and OVSCENE_TEST_CENSUS: the shared objects of the examples that make a census,
 with colons between them.
 """
+import json
 import os
 import pathlib
 import subprocess
@@ -15,6 +16,10 @@ from ovscene_case import OVSCENE
 SAMPLES = os.environ["OVSCENE_TEST_RENDERERS"]
 CENSUS = [pathlib.Path(file) for file in os.environ["OVSCENE_TEST_CENSUS"].split(":") if file]
 NAMES = "Deep, Empty, Failing, Idle, Later, Refusing, Small, Telling, Throwing, ThrowingNumber"
+
+
+def command(plugin, file, *arguments):
+    return ("render", file, *arguments, "--plugins", str(plugin.parent), "--renderer", plugin.stem)
 
 
 def with_sample(name, *arguments):
@@ -52,8 +57,8 @@ class Render(OpTreeCase):
         self.assertEqual(["file (null)", "group there", "op scene", "output (null)"], lines[2:6])
 
     def test_all_cores_unless_a_number_is_given(self):
-        cores = len(os.sched_getaffinity(0))
-        self.assertIn(f"threads {cores}", self.told("made.json"))
+        walkers = json.loads(self.ok("walk", "made.json", "--json"))["threads"]
+        self.assertIn(f"threads {walkers}", self.told("made.json"))
         for threads in ("0", "1025", "two"):
             with self.subTest(threads):
                 self.assertIn("--threads", self.fails(2, *with_sample("Telling", "made.json", "--threads", threads)))
@@ -157,8 +162,7 @@ class Census(OpTreeCase):
 
     def census(self, file, *arguments, **options):
         """What one example prints, and so all the others."""
-        done = [self.run_raw("render", file, "--plugins", str(so.parent), "--renderer", so.stem,
-                             *arguments, **options) for so in CENSUS]
+        done = [self.run_raw(*command(so, file), *arguments, **options) for so in CENSUS]
         for one in done:
             self.assertEqual((0, b"", done[0].stdout), (one.returncode, one.stderr, one.stdout))
         return done[0].stdout.decode()
@@ -186,6 +190,34 @@ class Census(OpTreeCase):
     def test_a_pipe_is_rendered_as_the_file(self):
         self.assertEqual(self.census("made.json"),
                          self.census("/dev/stdin", input=(self.folder / "made.json").read_bytes()))
+
+    def test_the_result_goes_where_the_user_says(self):
+        printed = self.census("made.json")
+        self.assertEqual("", self.census("made.json", "--output", "census.txt"))
+        self.assertEqual(printed, (self.folder / "census.txt").read_text())
+        for so in CENSUS:
+            for wrong in ("gone/census.txt", "/dev/full"):
+                with self.subTest((so.stem, wrong)):
+                    self.assertIn("render returns", self.fails(
+                        9, *command(so, "made.json", "--output", wrong, "--log", "off")))
+
+    def test_a_reader_that_goes_ends_the_program_quietly(self):
+        self.write_op_tree("long.json", made=("generate", {"shape": "wide", "breadth": 50000}))
+        for so in CENSUS:
+            with self.subTest(so.stem):
+                run = subprocess.Popen([OVSCENE, *command(so, "long.json")], cwd=self.folder,
+                                       stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+                run.stdout.readline()
+                run.stdout.close()
+                self.assertEqual(b"", run.stderr.read())
+                run.stderr.close()
+                self.assertEqual(0, run.wait(100))
+
+    def test_what_an_example_does_not_know_it_names(self):
+        for so in CENSUS:
+            with self.subTest(so.stem):
+                done = self.run_raw(*command(so, "made.json", "-o", "colour=red"))
+                self.assertEqual((0, 1), (done.returncode, done.stderr.count(b"colour=red")))
 
     def test_a_location_with_an_error_is_no_failure(self):
         self.write_op_tree("unknown.json", odd=("nonesuch", {}))
