@@ -31,3 +31,5 @@ foreach(folder docs examples scenes)
 endforeach()
 install(DIRECTORY ${shared_folders} DESTINATION "${CMAKE_INSTALL_DATADIR}/OvSylvarProducers"
   PATTERN CMakeLists.txt EXCLUDE)
+install(FILES examples/embed/CMakeLists.txt  # it builds against what is installed
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/OvSylvarProducers/examples/embed")

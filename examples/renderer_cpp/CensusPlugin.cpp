@@ -22,6 +22,7 @@
 
 namespace {
 
+using SYLVAR::Suites::Error;
 using SYLVAR::Suites::Expected;
 using SYLVAR::Suites::Location;
 using SYLVAR::Suites::Scene;
@@ -37,10 +38,41 @@ void log(std::int32_t level, const std::string& message, int line) {
     }
 }
 
+// ---- Where the result goes ----------------------------------------------------------------------
+
+/// The file that the user named, or the standard output, which the host looks after.
+class Output {
+public:
+    explicit Output(const char* name)
+        : name_(name ? name : ""), file_(name ? std::fopen(name, "w") : stdout) {}
+    ~Output() { static_cast<void>(close()); }
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+
+    /// Null when it cannot be opened.
+    std::FILE* file() const { return file_; }
+
+    /// Whether all was written.
+    Expected<void> close() {
+        std::FILE* const file = std::exchange(file_, nullptr);
+        bool isWritten = file != nullptr;
+        if (file && file != stdout) {
+            isWritten = std::ferror(file) == 0;
+            isWritten = std::fclose(file) == 0 && isWritten;
+        }
+        return isWritten ? Expected<void>() : Error("cannot write " + name_);
+    }
+
+private:
+    std::string name_;
+    std::FILE* file_;
+};
+
 // ---- The walk -----------------------------------------------------------------------------------
 
 /// What was found so far.
 struct Census {
+    std::FILE* file;  ///< Where the lines go.
     std::map<std::string, unsigned long> countByType;
     unsigned long locations = 0;
     unsigned long points = 0;
@@ -55,7 +87,7 @@ std::string typeOf(const Location& location) {
 void count(const Location& location, std::size_t level, Census& census) {
     const std::string type = typeOf(location);
     if (level <= kShownLevels) {
-        std::printf("%s  %s\n", location.fullName().c_str(), type.c_str());
+        std::fprintf(census.file, "%s  %s\n", location.fullName().c_str(), type.c_str());
     }
     ++census.countByType[type];
     ++census.locations;
@@ -81,8 +113,9 @@ Expected<void> goOn(std::vector<Location>& way) {
     return {};
 }
 
-Expected<Census> countAll(const Location& root) {
-    Census census;
+Expected<Census> countAll(const Location& root, std::FILE* file) {
+    Census census{};
+    census.file = file;
     std::vector<Location> way;
     way.push_back(root.share());
     while (!way.empty()) {
@@ -95,10 +128,13 @@ Expected<Census> countAll(const Location& root) {
 }
 
 void print(const Census& census) {
-    std::printf(
-        "%lu locations, %zu levels, %lu points\n", census.locations, census.levels, census.points);
+    std::fprintf(census.file,
+                 "%lu locations, %zu levels, %lu points\n",
+                 census.locations,
+                 census.levels,
+                 census.points);
     for (const auto& [type, howMany] : census.countByType) {
-        std::printf("%8lu  %s\n", howMany, type.c_str());
+        std::fprintf(census.file, "%8lu  %s\n", howMany, type.c_str());
     }
 }
 
@@ -118,23 +154,33 @@ Expected<Location> open(const OvRenderJob& job) {
     return job.opTreeFile ? scene->openFile(job.opTreeFile) : scene->openOpTree(job.opTree);
 }
 
+Expected<void> writeCensus(const Location& root, const char* filename) {
+    Output output(filename);
+    if (!output.file()) {
+        return Error("cannot open " + std::string(filename));
+    }
+    const Expected<Census> census = countAll(root, output.file());
+    if (!census) {
+        return census.error();
+    }
+    print(*census);
+    return output.close();
+}
+
+/// What was cooked for this render is wanted no longer when it has ended, well or not.
 Expected<void> renderOf(const OvRenderJob& job) {
     tellUnknownOptions(job);
     const Expected<Location> root = open(job);
     if (!root) {
         return root.error();
     }
-    const Expected<Census> census = countAll(*root);
-    if (!census) {
-        return census.error();
-    }
-    print(*census);
-    return root->finalize();
+    const Expected<void> written = writeCensus(*root, job.outputFile);
+    const Expected<void> finalized = root->finalize();
+    return written ? finalized : written;
 }
 
 std::int32_t render(const OvRenderJob* job) {
     const Expected<void> rendered = renderOf(*job);
-    std::fflush(stdout);
     if (!rendered) {
         log(OV_LOG_ERROR, rendered.error().message(), __LINE__);
     }

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: Apache-2.0
-# One STEP of the test of an installation: manifest, cmake, pkgconfig or plugins.
+# One STEP of the test of an installation: manifest, cmake, pkgconfig, plugins, renderers
+# or embed.
 set(first "${WORK_DIR}/installed")
 set(moved "${WORK_DIR}/moved elsewhere")  # a blank in the path belongs to the test
 
@@ -13,6 +14,38 @@ function(show)
     ERROR_VARIABLE told COMMAND_ERROR_IS_FATAL ANY)
   if(told)
     message(FATAL_ERROR "${told}")
+  endif()
+endfunction()
+
+# A program whose output is that of a file beside this one, without a word on the error stream.
+function(expect file)
+  execute_process(COMMAND ${ARGN} OUTPUT_FILE "${WORK_DIR}/${file}" ERROR_VARIABLE told COMMAND_ERROR_IS_FATAL ANY)
+  if(told)
+    message(FATAL_ERROR "${told}")
+  endif()
+  run(diff -u "${CMAKE_CURRENT_LIST_DIR}/${file}" "${WORK_DIR}/${file}")
+endfunction()
+
+# A renderer built with nothing linked, and what it prints; all of them print the same.
+function(expect_renderer name compiler)
+  set(plugins "${WORK_DIR}/renderers/${name}")
+  file(MAKE_DIRECTORY "${plugins}")
+  run("${compiler}" -pedantic -Wall -Wextra -Werror -shared -fPIC -fvisibility=hidden
+    -I "${moved}/include" ${ARGN} -o "${plugins}/${name}.so")
+  expect(census.txt "${moved}/bin/ovscene" render "${CMAKE_CURRENT_LIST_DIR}/stage.optree.json"
+    --renderer ${name} --plugins "${plugins}")
+endfunction()
+
+# Sets import_scene to an op tree that the importer is needed for, with its asset beside it; to nothing when
+# there is no importer.
+function(write_import_scene)
+  set(import_scene "" PARENT_SCOPE)
+  if(EXISTS "${moved}/${LIBDIR}/OvSylvarProducers/plugins/AssimpImport.so")
+    file(COPY "${CMAKE_CURRENT_LIST_DIR}/../plugins/AssimpImport/data/cube.obj" DESTINATION "${WORK_DIR}")
+    file(WRITE "${WORK_DIR}/import.optree.json"
+      "{\"format\": \"sylvar\", \"version\": 1, \"content\": \"op tree\", \"root\":"
+      "  {\"cube\": {\"opType\": \"import\", \"opArgs\": {\"file\": \"cube.obj\"}}}}")
+    set(import_scene "${WORK_DIR}/import.optree.json" PARENT_SCOPE)
   endif()
 endfunction()
 
@@ -63,12 +96,22 @@ elseif(STEP STREQUAL "plugins")
   run("${C_COMPILER}" -std=c99 -pedantic -Wall -Wextra -Werror -shared -fPIC -fvisibility=hidden
     -I "${moved}/include" "${example}/WaveOp.c" -o "${plugins}/WaveOp.so" -lm)
   show("${example}/wave.optree.json" --plugins "${plugins}")
-  file(GLOB importer "${moved}/${LIBDIR}/OvSylvarProducers/plugins/AssimpImport.so")
-  if(importer)
-    file(WRITE "${WORK_DIR}/import.optree.json"
-      "{\"format\": \"sylvar\", \"version\": 1, \"content\": \"op tree\", \"root\":"
-      "  {\"cube\": {\"opType\": \"import\", \"opArgs\": {\"file\": \"data/cube.obj\"}}}}")
-    show("${WORK_DIR}/import.optree.json"
-      --set "SYLVAR_ASSET_PATH=${CMAKE_CURRENT_LIST_DIR}/../plugins/AssimpImport")
+  write_import_scene()
+  if(import_scene)
+    show("${import_scene}" --set "SYLVAR_ASSET_PATH=${WORK_DIR}")
+  endif()
+elseif(STEP STREQUAL "renderers")
+  set(examples "${moved}/share/OvSylvarProducers/examples")
+  expect_renderer(CensusC "${C_COMPILER}" -std=c99 -fexceptions "${examples}/renderer_c/CensusRenderer.c")
+  expect_renderer(CensusCpp "${CXX_COMPILER}" -std=c++17 "${examples}/renderer_cpp/CensusPlugin.cpp")
+elseif(STEP STREQUAL "embed")
+  run("${CMAKE_COMMAND}" -S "${moved}/share/OvSylvarProducers/examples/embed" -B "${WORK_DIR}/embed"
+    -G "${GENERATOR}" "-DCMAKE_PREFIX_PATH=${moved}" "-DCMAKE_CXX_COMPILER=${CXX_COMPILER}"
+    "-DCMAKE_CXX_FLAGS=-Wall -Wextra -Wconversion -Wshadow -Werror")
+  run("${CMAKE_COMMAND}" --build "${WORK_DIR}/embed")
+  expect(survey.txt "${WORK_DIR}/embed/survey" "${CMAKE_CURRENT_LIST_DIR}/stage.optree.json" 3)
+  write_import_scene()
+  if(import_scene)  # it finds the plug-ins that were installed
+    expect(survey_cube.txt "${WORK_DIR}/embed/survey" "${import_scene}")
   endif()
 endif()
