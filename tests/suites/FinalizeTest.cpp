@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <OvSylvarProducers/ScenegraphIteratorHost.h>
-
-#include "suites/IteratorTest.h"
-#include "support/StaticScene.h"
+#include "support/IteratorScenes.h"
+#include "support/IteratorTest.h"
 
 #include <thread>
 
@@ -85,8 +83,7 @@ TEST_F(Finalize, FinalizesAlsoWhenTheRootIsNoLongerThere) {
 }
 
 TEST_F(Finalize, DoesNothingForASceneWithoutAClient) {
-    const Handle root =
-        step(SYLVAR::OvGeometryProducerToHandle(ovtest::StaticScene().at("/root").open("/root")));
+    const Handle root = step(ovtest::staticIterator());
     table.sgFinalize(root);
     EXPECT_THAT(fake.take(), IsEmpty());
 }

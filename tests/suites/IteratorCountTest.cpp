@@ -1,9 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <OvSylvarProducers/ScenegraphIteratorHost.h>
-#include <OvSylvarProducers/StaticGeometryProducer.h>
-
-#include "suites/IteratorTest.h"
-#include "support/StaticScene.h"
+#include "support/IteratorTest.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -15,11 +11,6 @@ using testing::Each;
 namespace {
 
 class IteratorCount : public ovtest::IteratorTest {};
-
-/// How many objects a producer is held by.
-int holdersOf(const SYLVAR::GeometryProducerPtr& producer) {
-    return static_cast<int>(producer->use_count());
-}
 
 }  // namespace
 
@@ -55,29 +46,6 @@ TEST_F(IteratorCount, GoesUpWithRetainAndDownWithRelease) {
     table.sgRelease(root);
     table.sgRelease(root);
     EXPECT_EQ(1, ovtest::countOf(root));
-}
-
-TEST_F(IteratorCount, ReleaseFromOneFreesTheIteratorAndLetsItsProducerGo) {
-    const SYLVAR::GeometryProducerPtr producer = ovtest::StaticScene().at("/root").open("/root");
-    ASSERT_EQ(1, holdersOf(producer));
-    const Handle handle = SYLVAR::OvGeometryProducerToHandle(producer);
-    EXPECT_EQ(0, ovtest::countOf(handle));
-    EXPECT_EQ(2, holdersOf(producer));
-    table.sgRetain(handle);
-    table.sgRetain(handle);
-    table.sgRelease(handle);
-    EXPECT_EQ(2, holdersOf(producer));
-    table.sgRelease(handle);
-    EXPECT_EQ(1, holdersOf(producer));
-}
-
-TEST_F(IteratorCount, OfAHandleIsLeftAloneByTheProducerTakenFromIt) {
-    const SYLVAR::GeometryProducerPtr producer = ovtest::StaticScene().at("/root").open("/root");
-    const Handle handle = step(SYLVAR::OvGeometryProducerToHandle(producer));
-    EXPECT_EQ(producer, SYLVAR::OvHandleToGeometryProducer(handle));
-    EXPECT_EQ(1, ovtest::countOf(handle));
-    EXPECT_EQ(nullptr, SYLVAR::OvGeometryProducerToHandle(nullptr));
-    EXPECT_EQ(nullptr, SYLVAR::OvHandleToGeometryProducer(nullptr));
 }
 
 TEST_F(IteratorCount, IsUntouchedByAStepAndByFinalize) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "suites/CFrames.h"
-#include "suites/IteratorTest.h"
+#include "support/IteratorTest.h"
 #include "support/OrdinaryUser.h"
 
 #include <stdexcept>

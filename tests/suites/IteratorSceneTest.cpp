@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The scene table over the platform's own runtime.
-#include <OvSylvarProducers/ScenegraphIteratorHost.h>
-
 #include "support/HeardLogs.h"
+#include "support/IteratorScenes.h"
 #include "support/IteratorTable.h"
 #include "support/OpTree.h"
 #include "support/OpTreeFile.h"
@@ -68,11 +67,6 @@ GroupAttribute rootWith(const std::string& name) {
     return GroupAttribute({{"a", GroupAttribute({{name, IntAttribute(1)}}, false)}}, false);
 }
 
-std::int64_t entriesOf(OvSgIteratorStruct* iterator) {
-    const auto producer = SYLVAR::OvHandleToGeometryProducer(iterator);
-    return producer->getClient()->getCachedLocation("/root").second ? 1 : 0;
-}
-
 }  // namespace
 
 TEST_F(IteratorScene, IsTheSameFromAFileFromAGroupAndWithOneClient) {
@@ -110,9 +104,9 @@ TEST_F(IteratorScene, WithOneClientAndAMissingFileFailsWithoutAWordAboutTheFile)
 TEST_F(IteratorScene, FinalizeDropsWhatWasCookedAndTheSceneStaysGoodToWalk) {
     const Handle root = iterators.root(table.sgCreateRootFromAttr(small().handle()));
     const auto before = pathsBelow(root);
-    ASSERT_EQ(1, entriesOf(root));
+    ASSERT_TRUE(ovtest::isCooked(root, "/root"));
     table.sgFinalize(root);
-    EXPECT_EQ(0, entriesOf(root));
+    EXPECT_FALSE(ovtest::isCooked(root, "/root"));
     EXPECT_EQ(before, pathsBelow(root));
 }
 
@@ -124,15 +118,15 @@ TEST_F(IteratorScene, FinalizeWaitsForTheEndOfALiveRender) {
     const Handle root = iterators.root(table.sgCreateRootFromAttr(tree.handle()));
     ASSERT_NE(nullptr, root);
     table.sgFinalize(root);
-    EXPECT_EQ(1, entriesOf(root));
+    EXPECT_TRUE(ovtest::isCooked(root, "/root"));
     EXPECT_THAT(logs.take(),
                 ElementsAre("ScenegraphIteratorHost info "
                             "src/Utils/OvScenegraphIteratorHost/FinalizeScene.cpp: "
                             "Runtime finalize deferred while live rendering."));
     scene.writeScene(rootWith("ordinary"));
-    SYLVAR::OvHandleToGeometryProducer(root)->getClient()->getRuntime()->evict("/root");
+    ovtest::evict(root, "/root");
     table.sgFinalize(root);
-    EXPECT_EQ(0, entriesOf(root));
+    EXPECT_FALSE(ovtest::isCooked(root, "/root"));
     EXPECT_THAT(logs.take(), IsEmpty());
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <SylvarPlatform/AttributeFile.h>
-
-#include "suites/IteratorTest.h"
+#include "support/IteratorTest.h"
+#include "support/OpTreeFile.h"
 
 #include <cstring>
 #include <string>
@@ -215,21 +214,22 @@ TEST_F(IteratorWalk, EveryEntryTakesTheNullIterator) {
 }
 
 TEST_F(IteratorWalk, OpTreeDescriptionIsTheGroupThatAFileHolds) {
-    using namespace Sylvar3::internal::OvAttribute;
     const GroupAttribute tree = freshTree();
-    const std::string name = freshName(".optree");
-    ASSERT_EQ("", writeAttributeFile(tree, AttributeContent::OpTree, AttributeForm::Binary, name));
+    ovtest::TestFile file("IteratorWalk_description.optree");
+    file.writeOpTree(tree);
     fake.take();
-    EXPECT_EQ(tree.getHash(), take(table.sgLoadOpTreeDescription(name.c_str())).getHash());
+    EXPECT_EQ(tree.getHash(), take(table.sgLoadOpTreeDescription(file.path().c_str())).getHash());
     EXPECT_THAT(fake.take(), IsEmpty());
 }
 
 TEST_F(IteratorWalk, OpTreeDescriptionIsNullWhenTheFileHoldsNoGroup) {
-    using namespace Sylvar3::internal::OvAttribute;
-    EXPECT_EQ(nullptr, table.sgLoadOpTreeDescription(freshFile("no tree", "1").c_str()));
-    const std::string name = freshName(".optree");
-    writeAttributeFile(IntAttribute(3), AttributeContent::Attribute, AttributeForm::Binary, name);
-    EXPECT_EQ(nullptr, table.sgLoadOpTreeDescription(name.c_str()));
+    EXPECT_EQ(nullptr, table.sgLoadOpTreeDescription(freshFile("no tree").c_str()));
+    ovtest::TestFile file("IteratorWalk_number.optree");
+    file.writeScene(IntAttribute(3));
+    EXPECT_EQ(nullptr, table.sgLoadOpTreeDescription(file.path().c_str()));
+}
+
+TEST_F(IteratorWalk, OpTreeDescriptionIsNullWithAMessageWhenThereIsNoFile) {
     testing::internal::CaptureStderr();
     EXPECT_EQ(nullptr, table.sgLoadOpTreeDescription("/no/such/file"));
     EXPECT_EQ("LoadOpTreeDescriptionFromFile(): Op tree file \"/no/such/file\" does not exist.\n",

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <SylvarPlatform/SylvarServices.h>
-
-#include "suites/IteratorTest.h"
+#include "support/IteratorTest.h"
 
 #include <fstream>
 #include <new>
 
 using Sylvar3::internal::OvAttribute::IntAttribute;
-using Sylvar3::OvSylvarServicesHost::v1::GetRuntimeInstance;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -139,14 +136,14 @@ TEST_F(RootCreation, IsTheUsualWayForAnyValueButOne) {
     for (const char* const value : {"0", "true", "11", "", " 1", "1 ", "01"}) {
         ::setenv(kConcurrent, value, 1);
         EXPECT_TRUE(openFile(freshFile("ops", value))) << value;
-        EXPECT_EQ(nullptr, GetRuntimeInstance(kRuntimeName)) << value;
+        EXPECT_EQ(nullptr, renderRuntime()) << value;
     }
 }
 
 TEST_F(RootCreation, FromAGroupKnowsNoOtherWay) {
     ::setenv(kConcurrent, "1", 1);
     EXPECT_TRUE(openTree());
-    EXPECT_EQ(nullptr, GetRuntimeInstance(kRuntimeName));
+    EXPECT_EQ(nullptr, renderRuntime());
 }
 
 TEST_F(ConcurrentRoot, MakesARuntimeOfItsOwnAndOneClient) {
@@ -188,23 +185,23 @@ TEST_F(ConcurrentRoot, SharesTheClientWithAllThreads) {
 
 TEST_F(ConcurrentRoot, PublishesItsRuntimeUntilTheNextOneTakesItsPlace) {
     ASSERT_TRUE(openFile(freshFile("ops", "1")));
-    const auto first = GetRuntimeInstance(kRuntimeName);
+    const auto first = renderRuntime();
     ASSERT_TRUE(first);
-    fake.onCall("createRuntime", [] { EXPECT_EQ(nullptr, GetRuntimeInstance(kRuntimeName)); });
+    fake.onCall("createRuntime", [] { EXPECT_EQ(nullptr, renderRuntime()); });
     ASSERT_TRUE(openFile(freshFile("ops", "2")));
-    const auto second = GetRuntimeInstance(kRuntimeName);
+    const auto second = renderRuntime();
     ASSERT_TRUE(second);
     EXPECT_NE(first, second);
 }
 
 TEST_F(ConcurrentRoot, PublishesItsRuntimeBeforeItIsUsed) {
-    fake.onCall("createTransaction", [] { EXPECT_NE(nullptr, GetRuntimeInstance(kRuntimeName)); });
+    fake.onCall("createTransaction", [] { EXPECT_NE(nullptr, renderRuntime()); });
     ASSERT_TRUE(openFile(freshFile("ops")));
 }
 
 TEST_F(ConcurrentRoot, KeepsTheRuntimePublishedWhenTheIteratorsAreGone) {
     table.sgRelease(table.sgCreateRootFromFile(freshFile("ops").c_str()));
-    EXPECT_NE(nullptr, GetRuntimeInstance(kRuntimeName));
+    EXPECT_NE(nullptr, renderRuntime());
 }
 
 TEST_F(ConcurrentRoot, KeepsOnlyTheRuntimeAndTheClientOfWhatItMade) {
@@ -220,7 +217,7 @@ TEST_F(ConcurrentRoot, WithoutARuntimeIsNullWithALogAndNothingElse) {
                 ElementsAre("ScenegraphIteratorHost error "
                             "src/Utils/OvScenegraphIteratorHost/RootCreation.cpp: "
                             "Runtime could not be loaded."));
-    EXPECT_EQ(nullptr, GetRuntimeInstance(kRuntimeName));
+    EXPECT_EQ(nullptr, renderRuntime());
 }
 
 TEST_F(ConcurrentRoot, FailsWhenTheRuntimeGivesNoTransactionNoOpOrNoClient) {
@@ -269,13 +266,13 @@ TEST_F(ConcurrentRoot, LetsAnExceptionOfAnotherTypePass) {
 TEST_F(ConcurrentRoot, IsChosenAnewOnEachCall) {
     ::unsetenv(kConcurrent);
     EXPECT_TRUE(openFile(freshFile("ops", "1")));
-    EXPECT_EQ(nullptr, GetRuntimeInstance(kRuntimeName));
+    EXPECT_EQ(nullptr, renderRuntime());
     ::setenv(kConcurrent, "1", 1);
     EXPECT_TRUE(openFile(freshFile("ops", "2")));
-    EXPECT_NE(nullptr, GetRuntimeInstance(kRuntimeName));
+    EXPECT_NE(nullptr, renderRuntime());
 }
 
 TEST_F(ConcurrentRoot, OfVersionTwoIsTheSame) {
     iterators.root(ovtest::iteratorTable2().sgCreateRootFromFile(freshFile("ops").c_str()));
-    EXPECT_NE(nullptr, GetRuntimeInstance(kRuntimeName));
+    EXPECT_NE(nullptr, renderRuntime());
 }

@@ -7,6 +7,7 @@
 #include "support/RuntimeTest.h"
 
 #include <cstdlib>
+#include <memory>
 #include <string>
 
 namespace ovtest {
@@ -26,7 +27,7 @@ protected:
     }
     ~IteratorTest() override {
         ::unsetenv(kConcurrent);
-        Sylvar3::OvSylvarServicesHost::v1::RegisterRuntimeInstance({}, kRuntimeName);
+        Sylvar3::OvSylvarServicesHost::v1::RegisterRuntimeInstance({}, "renderRuntime");
     }
 
     Handle openTree() { return iterators.root(table.sgCreateRootFromAttr(freshTree().handle())); }
@@ -36,8 +37,12 @@ protected:
     Handle step(Handle handle) { return iterators.step(handle); }
     std::string pathOf(Handle handle) const { return takeString(table.sgGetFullName(handle)); }
 
+    /// What is published for renders with one client; null when nothing is.
+    static std::shared_ptr<Sylvar3::internal::OvSylvar::SylvarRuntime> renderRuntime() {
+        return Sylvar3::OvSylvarServicesHost::v1::GetRuntimeInstance("renderRuntime");
+    }
+
     static constexpr const char* kConcurrent = "RUNTIME_USE_CONCURRENT";
-    static constexpr const char* kRuntimeName = "renderRuntime";
 
     const OvScenegraphIteratorSuite& table = iteratorTable();
     Iterators iterators;
