@@ -23,8 +23,7 @@ enum {
     kChildByName,
     kByPath,
     kFinalize,
-    kLoadOpTreeDescription,
-    kEntryCount
+    kLoadOpTreeDescription
 };
 
 #ifdef __cplusplus

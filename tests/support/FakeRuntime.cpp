@@ -163,6 +163,7 @@ struct FakeEntries {
     static OvRuntimeOpStruct* deserializeOps(OvRuntimeTransactionStruct* transaction,
                                              void* stream,
                                              OvReadFunction read) {
+        fake().readContext_ = stream;
         auto* const op = made<OvRuntimeOpStruct>("deserializeOps", "o", in(transaction));
         char piece[7];
         std::string bytes;
