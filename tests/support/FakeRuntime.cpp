@@ -261,6 +261,7 @@ FakeRuntime& FakeRuntime::fresh() {
     one.live_.clear();
     one.calls_.clear();
     one.faults_.clear();
+    one.readContext_ = nullptr;
     one.answersElsewhere_ = false;
     one.isQuiet_ = false;
     return one;
