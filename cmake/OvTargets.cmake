@@ -19,7 +19,8 @@ function(ov_library target)
   set(version_header "${PROJECT_BINARY_DIR}/include/${target}/Version.h")
   set(OV_VERSION_PREFIX ${arg_MACROS})
   configure_file("${PROJECT_SOURCE_DIR}/cmake/Version.h.in" "${version_header}" @ONLY)
-  file(GLOB_RECURSE headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/include/${target}/*.h")
+  file(GLOB_RECURSE headers CONFIGURE_DEPENDS
+    "${PROJECT_SOURCE_DIR}/include/${target}/*.h" "${PROJECT_SOURCE_DIR}/include/${target}/*.hpp")
 
   add_library(${target} SHARED)
   add_library(OvSylvarProducers::${arg_EXPORT} ALIAS ${target})

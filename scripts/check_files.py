@@ -37,7 +37,7 @@ def licence_faults(files):
 
 def guard_faults(files):
     for file in files:
-        if file.suffix != ".h":
+        if file.suffix not in {".h", ".hpp"}:
             continue
         text = file.read_text(encoding="utf-8")
         once = re.search(r"^#pragma once$", text, re.M)

@@ -38,7 +38,7 @@ def sources(folder):
 def public_header_faults(root):
     for file in sources(root / "include"):
         place = file.relative_to(root / "include")
-        plain_c = "suites" in place.parts
+        in_suites = "suites" in place.parts
         for bracket, path, top in includes(file):
             if bracket != "<":
                 yield file, f"a public header includes with <>, not \"{path}\""
@@ -48,8 +48,10 @@ def public_header_faults(root):
                 yield file, f"the platform lies below {path}"
             if place.parts[0] == "ResolutionTableOv" and top in PUBLIC - {"ResolutionTableOv"}:
                 yield file, f"the resolution table links no library of ours, but sees {path}"
-            if plain_c and top in PUBLIC and "/suites/" not in path:
-                yield file, f"a plain C header must not include {path}"
+            if in_suites and top and "/suites/" not in path:
+                yield file, f"a header of suites/ sees suites/ and the standard library, not {path}"
+            if file.suffix == ".h" and path.endswith(".hpp"):
+                yield file, f"{path} is for C++ alone"
 
 
 def layer_faults(root):

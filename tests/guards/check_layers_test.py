@@ -17,6 +17,9 @@ REFUSED = [
     ("src/ResolutionTable/A.cpp", "#include <SylvarPlatform/Attribute.h>"),
     ("src/ResolutionTable/A.cpp", '#include "Platform/B.h"'),
     ("include/SylvarPlatform/suites/A.h", "#include <SylvarPlatform/Attribute.h>"),
+    ("include/OvSylvarProducers/suites/A.hpp", "#include <OvSylvarProducers/GeometryProducer.h>"),
+    ("include/OvSylvarProducers/suites/A.hpp", "#include <boost/optional.hpp>"),
+    ("include/OvSylvarProducers/suites/A.h", "#include <OvSylvarProducers/suites/B.hpp>"),
     ("src/Platform/A.cpp", '#include "Producers/B.h"'),
     ("src/Platform/A.cpp", '#include "B.h"'),
     ("src/Camera/A.cpp", '#include "Producers/B.h"'),
@@ -34,6 +37,8 @@ REFUSED = [
 PASSED = [
     ("src/ResolutionTable/A.cpp", '#include "Platform/Support/Mutex.h"'),
     ("include/OvSylvarProducers/A.h", "#include <SylvarPlatform/Attribute.h>"),
+    ("include/OvSylvarProducers/suites/A.hpp",
+     "#include <SylvarPlatform/suites/B.h>\n#include <string>"),
     ("src/Producers/A.cpp", '#include "Platform/Support/Mutex.h"'),
     ("src/Producers/A.cpp", '#include "Filters/B.h"'),
     ("src/Platform/Embedded/Services/A.cpp", '#include "Platform/Embedded/Runtime/B.h"'),
