@@ -16,7 +16,8 @@ enum class ExitStatus {
     NotFound = 5,
     OutputUnwritable = 6,
     PluginUnusable = 7,
-    ImportFailed = 8
+    ImportFailed = 8,
+    RenderFailed = 9
 };
 
 /// Ends a command with a status and one line for people: what happened, and where. The text may

@@ -24,7 +24,7 @@ extern "C" {
 #define OV_RENDERER_API_NAME "SylvarRenderer"
 #define OV_RENDERER_API_VERSION 1
 
-/* One call of a renderer. All of it is borrowed for the call. */
+/* One call of a renderer. All of it is borrowed for the call. Texts may hold any bytes. */
 typedef struct OvRenderJob {
     uint32_t size;    /* of this struct, in bytes */
     uint32_t threads; /* how many threads to use, at least 1 */
@@ -34,7 +34,8 @@ typedef struct OvRenderJob {
     const char* opTreeFile;
     OvAttributeStruct* opTree;
 
-    /* Where the result goes: the name of a file; null when the user named none. */
+    /* Where the result goes: the name of a file, or what else the renderer makes of the text; null
+       when the user named none. */
     const char* outputFile;
 
     /* What else the user said to the renderer, `optionCount` texts "NAME=VALUE" in their order.
@@ -49,8 +50,12 @@ typedef struct OvRenderer {
     uint32_t reserved; /* 0 */
     const char* about; /* what it makes, in one line, UTF-8 */
 
-    /* Renders, and returns when it has ended: 0 for success. With anything else the log has said
-       why. What it throws counts as a failure. The host asks for one render at a time. */
+    /* Renders, and returns when it and all threads that it started have ended: 0 for success. With
+       anything else the log has said why. What it throws counts as a failure. The host asks for
+       one render at a time.
+
+       It may write to the standard output, through stdio; the host writes nothing there meanwhile,
+       and flushes it afterwards. */
     int32_t (*render)(const OvRenderJob* job);
 } OvRenderer;
 

@@ -33,7 +33,8 @@ constexpr char kFooter[] =
     "  5  no such location, attribute or op type\n"
     "  6  the output cannot be written\n"
     "  7  a plug-in is missing or cannot be used\n"
-    "  8  an asset cannot be imported\n\n"
+    "  8  an asset cannot be imported\n"
+    "  9  a renderer failed\n\n"
     "Examples:\n"
     "  ovscene import chair.glb chair.optree\n"
     "  ovscene tree chair.optree";
@@ -66,6 +67,7 @@ void addCommands(CLI::App& app, Output& output, ServiceOptions& services) {
     addAttrsCommand(app, output);
     addStatsCommand(app, output);
     addWalkCommand(app, output);
+    addRenderCommand(app, output);
     addConvertCommand(app, output);
     addWhyCommand(app, output);
     addOpsCommand(app, output);
@@ -105,7 +107,7 @@ void flushBeforeFailing(Output& output) {
 int run(int argc, char** argv) {
     Output output;
     ServiceOptions services;
-    CLI::App app("Imports, shows, counts, walks, converts and explains scenes");
+    CLI::App app("Imports, shows, counts, walks, renders, converts and explains scenes");
     try {
         addCommands(app, output, services);
         parse(app, argc, argv, output);

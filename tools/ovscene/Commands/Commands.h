@@ -14,6 +14,7 @@ void addTreeCommand(CLI::App& app, Output& output);
 void addAttrsCommand(CLI::App& app, Output& output);
 void addStatsCommand(CLI::App& app, Output& output);
 void addWalkCommand(CLI::App& app, Output& output);
+void addRenderCommand(CLI::App& app, Output& output);
 void addConvertCommand(CLI::App& app, Output& output);
 void addWhyCommand(CLI::App& app, Output& output);
 void addOpsCommand(CLI::App& app, Output& output);

@@ -41,4 +41,20 @@ std::string nearName(const std::string& written, const std::vector<std::string>&
     return nearest;
 }
 
+std::string thereAre(const std::vector<std::string>& names) {
+    std::string list;
+    for (const std::string& name : names) {
+        list += (list.empty() ? "" : ", ") + name;
+    }
+    return (names.size() == 1 ? "there is " : "there are ") + list;
+}
+
+std::string unknownName(const std::string& kind,
+                        const std::string& written,
+                        const std::vector<std::string>& names) {
+    const std::string near = nearName(written, names);
+    const std::string told = "no " + kind + " '" + written + "'; ";
+    return told + (near.empty() ? thereAre(names) : "did you mean '" + near + "'?");
+}
+
 }  // namespace ovscene

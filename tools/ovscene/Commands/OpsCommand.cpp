@@ -174,15 +174,10 @@ void printJson(const OpTypeList& types, Output& output) {
 
 [[noreturn]] void throwNoSuchType(const OpTypeList& types, const std::string& name) {
     std::vector<std::string> names;
-    std::string list;
     for (const OpTypeDescription& type : types) {
         names.push_back(type.name);
-        list += (list.empty() ? "" : ", ") + type.name;
     }
-    const std::string near = nearName(name, names);
-    throw CommandError(ExitStatus::NotFound,
-                       "no op type '" + name + "'; " +
-                           (near.empty() ? "there are " + list : "did you mean '" + near + "'?"));
+    throw CommandError(ExitStatus::NotFound, unknownName("op type", name, names));
 }
 
 /// The type of that name alone, when one was given.

@@ -3,6 +3,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <string>
 #include <system_error>
 
@@ -27,6 +28,11 @@ std::string checkPositive(const std::string& text) {
     return fits ? "" : "'" + text + "' is no number above 0";
 }
 
+std::string checkSetting(const std::string& text) {
+    const std::size_t equals = text.find('=');
+    return equals != std::string::npos && equals > 0 ? "" : "'" + text + "' is no NAME=VALUE";
+}
+
 }  // namespace
 
 CLI::Validator isCount() {
@@ -45,6 +51,20 @@ CLI::Validator isCountUpTo(std::int64_t most) {
 
 CLI::Validator isPositive() {
     return CLI::Validator(checkPositive, "number");
+}
+
+CLI::Validator isSetting() {
+    return CLI::Validator(checkSetting, "setting");
+}
+
+CLI::Option* addRepeatable(CLI::App& app,
+                           const std::string& name,
+                           std::vector<std::string>& values,
+                           const std::string& help,
+                           const CLI::Validator& check) {
+    return app.add_option(name, values, help)
+        ->allow_extra_args(false)  // one for each time that the option is there
+        ->check(check);
 }
 
 }  // namespace ovscene

@@ -4,6 +4,7 @@
 #include <SylvarPlatform/Configuration.h>
 #include <SylvarPlatform/Logging.h>
 
+#include "Commands/OptionChecks.h"
 #include "ExitStatus.h"
 #include "Scene/PluginFolders.h"
 
@@ -58,11 +59,6 @@ std::string checkLevel(const std::string& text) {
                      "' is no LEVEL or NAME=LEVEL; levels are debug, info, warn, error and off";
 }
 
-std::string checkSetting(const std::string& text) {
-    const std::size_t equals = text.find('=');
-    return equals != std::string::npos && equals > 0 ? "" : "'" + text + "' is no NAME=VALUE";
-}
-
 std::string checkFolder(const std::string& text) {
     std::error_code unknown;
     return std::filesystem::is_directory(text, unknown) ? "" : "'" + text + "' is no folder";
@@ -70,16 +66,6 @@ std::string checkFolder(const std::string& text) {
 
 std::string checkFile(const std::string& text) {
     return text.empty() ? "'' is no file" : "";
-}
-
-CLI::Option* addRepeatable(CLI::App& app,
-                           const std::string& name,
-                           std::vector<std::string>& values,
-                           const std::string& help,
-                           std::string (*check)(const std::string&)) {
-    return app.add_option(name, values, help)
-        ->allow_extra_args(false)  // one for each time that the option is there
-        ->check(CLI::Validator(check, ""));
 }
 
 void loadSettings(const std::string& file) {
@@ -111,7 +97,7 @@ void addServiceOptions(CLI::App& app, ServiceOptions& options) {
         ->check(CLI::Validator(checkFile, ""))
         ->option_text("FILE")
         ->group(kGroup);
-    addRepeatable(app, "--set", options.settings, "A setting; may be repeated", checkSetting)
+    addRepeatable(app, "--set", options.settings, "A setting; may be repeated", isSetting())
         ->option_text("NAME=VALUE")
         ->group(kGroup);
     addRepeatable(app,
@@ -120,11 +106,14 @@ void addServiceOptions(CLI::App& app, ServiceOptions& options) {
                   "What messages to show, of all loggers or of one:\n"
                   "debug, info (default), warn, error or off; may be\n"
                   "repeated",
-                  checkLevel)
+                  CLI::Validator(checkLevel, ""))
         ->option_text("[NAME=]LEVEL")
         ->group(kGroup);
-    addRepeatable(
-        app, "--plugins", options.plugins, "A folder of plug-ins; may be repeated", checkFolder)
+    addRepeatable(app,
+                  "--plugins",
+                  options.plugins,
+                  "A folder of plug-ins; may be repeated",
+                  CLI::Validator(checkFolder, ""))
         ->option_text("DIR")
         ->group(kGroup);
 }

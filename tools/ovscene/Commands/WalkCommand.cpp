@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Commands/Commands.h"
 #include "Commands/OptionChecks.h"
+#include "Commands/ThreadsOption.h"
 #include "Commands/WalkReport.h"
 #include "Scene/SceneErrors.h"
 #include "Scene/SceneFile.h"
@@ -8,33 +9,24 @@
 #include "Scene/VisitLimit.h"
 #include "Scene/WorkList.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <thread>
 
 namespace ovscene {
 namespace {
 
-constexpr std::int64_t kMostThreads = 1024;
 constexpr std::int64_t kMostWalks = 1000000;
 
 struct WalkOptions {
     std::string file;
     std::string top = "/root";
-    std::int64_t threads = 0;  ///< 0: all cores.
+    std::int64_t threads = 0;  ///< As threadCount takes it.
     std::int64_t repeat = 1;
     bool stats = false;
     bool json = false;
 };
-
-std::size_t threadCount(const WalkOptions& options) {
-    const auto cores = static_cast<std::int64_t>(std::thread::hardware_concurrency());
-    const std::int64_t all = std::clamp<std::int64_t>(cores, 1, kMostThreads);
-    return static_cast<std::size_t>(options.threads == 0 ? all : options.threads);
-}
 
 /// Only what a runtime cooks has any size for good.
 std::int64_t limitFor(const SceneFile& file) {
@@ -49,8 +41,8 @@ WalkReport walk(const SceneFile& file, const WalkOptions& options) {
     report.content = contentName(file.content);
     report.top = SceneWalk(found.location, found.parentPath, limit).path();
     for (std::int64_t i = 0; i < options.repeat; ++i) {
-        report.walks.push_back(
-            walkInParallel(found.location, threadCount(options), limitFor(file), file.name));
+        report.walks.push_back(walkInParallel(
+            found.location, threadCount(options.threads), limitFor(file), file.name));
     }
     report.hasStatistics = options.stats;
     report.statistics = options.stats ? runtimeStatistics(*found.location) : std::nullopt;
@@ -74,10 +66,7 @@ void addWalkCommand(CLI::App& app, Output& output) {
     CLI::App* command = app.add_subcommand("walk", "Visits all locations of a scene, on all cores");
     command->add_option("FILE", options->file, "A static scene or an op tree, binary or text")
         ->required();
-    command
-        ->add_option("--threads", options->threads, "How many threads walk; all cores by default")
-        ->check(isCountUpTo(kMostThreads))
-        ->option_text("N");
+    addThreads(*command, options->threads, "How many threads walk; all cores by default");
     command->add_option("--top", options->top, "The location to start at")
         ->capture_default_str()
         ->option_text("PATH");

@@ -5,7 +5,9 @@
 
 #include <cerrno>
 #include <cstddef>
+#include <cstdio>
 #include <cstring>
+#include <poll.h>
 #include <unistd.h>
 
 namespace ovscene {
@@ -19,6 +21,11 @@ constexpr std::size_t kBufferSize = std::size_t{1} << 16;
     }
     throw CommandError(ExitStatus::OutputUnwritable,
                        std::string("standard output: ") + std::strerror(error));
+}
+
+bool hasReaderGone() {
+    pollfd output{STDOUT_FILENO, POLLOUT, 0};
+    return ::poll(&output, 1, 0) == 1 && (output.revents & POLLERR) != 0;
 }
 
 }  // namespace
@@ -49,6 +56,15 @@ void Output::flush() {
 void Output::flushWhenFull() {
     if (buffer_.size() >= kBufferSize) {
         flush();
+    }
+}
+
+void flushForeignOutput() {
+    if (std::fflush(stdout) != 0) {
+        throwWriteError(errno);
+    }
+    if (std::ferror(stdout) != 0) {  // its number is gone
+        throwWriteError(hasReaderGone() ? EPIPE : EIO);
     }
 }
 

@@ -31,4 +31,8 @@ private:
     std::string buffer_;
 };
 
+/// Writes what plug-ins left in the C library's buffer of the standard output. Throws as `Output`
+/// does, also for what it could not write before.
+void flushForeignOutput();
+
 }  // namespace ovscene

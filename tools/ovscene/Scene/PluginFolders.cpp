@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <set>
 #include <sstream>
 #include <system_error>
 #include <utility>
@@ -40,6 +41,12 @@ std::string describe(const RejectedPlugin& rejected) {
     }
     const std::string plugin = rejected.plugin.empty() ? "" : rejected.plugin + ": ";
     return rejected.file + ": " + plugin + rejected.reason;
+}
+
+/// Whether it was not asked about before.
+bool isNews(const RejectedPlugin& rejected) {
+    static std::set<std::string> told;
+    return told.insert(describe(rejected)).second;
 }
 
 }  // namespace
@@ -82,6 +89,9 @@ std::vector<std::string> unusablePlugins() {
 void logUnusablePlugins() {
     const OvLoggingHost::OvLoggerGlue logger("ovscene");
     for (const RejectedPlugin& rejected : rejectedFiles()) {
+        if (!isNews(rejected)) {
+            continue;
+        }
         if (rejected.plugin.empty() && logger.warnEnabled()) {
             logger.warn(describe(rejected).c_str(), __FILE__, __LINE__);
         } else if (!rejected.plugin.empty() && logger.debugEnabled()) {

@@ -21,8 +21,8 @@ void searchPlugins(std::vector<std::string> folders = {});
 /// cannot be read are left out.
 std::vector<std::string> unusablePlugins();
 
-/// Logs them: a file of which nothing can be used as a warning, a plug-in for debugging, since it
-/// may well be one that another of its name is meant to replace.
+/// Logs them, each once: a file of which nothing can be used as a warning, a plug-in for debugging,
+/// since it may well be one that another of its name is meant to replace.
 void logUnusablePlugins();
 
 }  // namespace ovscene

@@ -1,0 +1,338 @@
+/* SPDX-License-Identifier: Apache-2.0 */
+/*
+ * A renderer as a plug-in, complete and in plain C99: "CensusC" walks the scene and, in place of an
+ * image, makes a census of it. Build it into a shared object, put that where plug-ins are looked
+ * for, and name it:
+ *
+ *     cc -std=c99 -fexceptions -shared -fPIC -fvisibility=hidden CensusRenderer.c -o CensusC.so
+ *     ovscene render shot.optree --renderer CensusC --plugins .
+ *
+ * It links nothing: all that it calls comes in tables of functions, which the host hands over.
+ *
+ * -fexceptions, because what goes wrong while a location is cooked (memory that runs out, say)
+ * travels through `walk` and `render` as a C++ exception, up to the host, which counts it as a
+ * failed render. Some machines end a process that throws through C code without it; x86-64 does
+ * not, but that is no promise. C has no way to catch, so what is held at that moment stays held:
+ * two iterators and a list of names. A renderer that must give those back, or go on, is better
+ * written in C++.
+ */
+#include <OvSylvarProducers/suites/ScenegraphIteratorSuite.h>
+#include <SylvarPlatform/suites/AttributeSuite.h>
+#include <SylvarPlatform/suites/Plugin.h>
+#include <SylvarPlatform/suites/Renderer.h>
+
+#include <stdint.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+static const OvHostTable* host;                /* messages and settings */
+static const OvAttributeSuite* attributes;     /* reads values */
+static const OvScenegraphIteratorSuite* scene; /* walks locations */
+
+enum { DEEPEST_PRINTED = 3 };
+
+static void logMessage(int32_t level, const char* before, const char* text) {
+    char message[1024];
+    if (host->isLogEnabled("CensusC", level)) {
+        snprintf(message, sizeof message, "%s%s", before, text);
+        host->log("CensusC", level, message, __FILE__, __LINE__);
+    }
+}
+
+/* ---- What is counted ---------------------------------------------------------------------- */
+
+typedef struct TypeCount {
+    char* type;
+    int64_t locations;
+} TypeCount;
+
+typedef struct Census {
+    FILE* file; /* where the lines go */
+    int64_t locations;
+    int64_t levels;
+    int64_t points;
+    TypeCount* types; /* sorted by type */
+    size_t typeCount;
+    size_t typeRoom;
+} Census;
+
+/* Where the type is in the list, or where it belongs. */
+static size_t placeOf(const Census* census, const char* type) {
+    size_t from = 0;
+    size_t to = census->typeCount;
+    while (from < to) {
+        const size_t middle = from + (to - from) / 2;
+        if (strcmp(census->types[middle].type, type) < 0) {
+            from = middle + 1;
+        } else {
+            to = middle;
+        }
+    }
+    return from;
+}
+
+/* Makes room for one more type; 0 when memory runs out. */
+static int reserveType(Census* census) {
+    const size_t room = census->typeRoom ? 2 * census->typeRoom : 16;
+    TypeCount* types;
+    if (census->typeCount < census->typeRoom) {
+        return 1;
+    }
+    types = (TypeCount*)realloc(census->types, room * sizeof *types);
+    if (types) {
+        census->types = types;
+        census->typeRoom = room;
+    }
+    return types != 0;
+}
+
+/* 0 when memory runs out. */
+static int insertType(Census* census, size_t place, const char* type) {
+    char* copy = 0;
+    TypeCount* at;
+    if (reserveType(census)) {
+        copy = (char*)malloc(strlen(type) + 1);
+    }
+    if (!copy) {
+        return 0;
+    }
+    strcpy(copy, type);
+    at = census->types + place;
+    memmove(at + 1, at, (census->typeCount - place) * sizeof *at);
+    at->type = copy;
+    at->locations = 0;
+    ++census->typeCount;
+    return 1;
+}
+
+static int countType(Census* census, const char* type) {
+    const size_t place = placeOf(census, type);
+    const int isThere = place < census->typeCount && strcmp(census->types[place].type, type) == 0;
+    if (!isThere && !insertType(census, place, type)) {
+        return 0;
+    }
+    ++census->types[place].locations;
+    return 1;
+}
+
+static void freeTypes(Census* census) {
+    size_t i;
+    for (i = 0; i < census->typeCount; ++i) {
+        free(census->types[i].type);
+    }
+    free(census->types);
+}
+
+/* ---- One location ------------------------------------------------------------------------- */
+
+/* Attributes that the scene gives are the caller's to give back; there may be none. */
+static void giveBack(OvAttributeStruct* attribute) {
+    if (attribute) {
+        attributes->release(attribute);
+    }
+}
+
+/* The text of a string attribute, good for as long as the attribute is held; "-" for none. */
+static const char* textOf(OvAttributeStruct* attribute) {
+    const char* text = "";
+    attributes->getNearestString(&attribute, 0, 0, &text);
+    return *text ? text : "-";
+}
+
+static int64_t pointCount(OvSgIteratorStruct* location) {
+    OvAttributeStruct* const points = scene->sgGetAttribute(location, "geometry.points");
+    int64_t count = 0;
+    if (points && attributes->getType(points) == OV_ATTRIBUTE_FLOAT) {
+        count = attributes->getNumberOfValues(points) / 3;
+    }
+    giveBack(points);
+    return count;
+}
+
+static void printLine(const Census* census, OvSgIteratorStruct* location, const char* type) {
+    OvAttributeStruct* const path = scene->sgGetFullName(location);
+    fprintf(census->file, "%s  %s\n", textOf(path), type);
+    giveBack(path);
+}
+
+/* 0 when memory runs out. */
+static int visit(Census* census, OvSgIteratorStruct* location, int64_t depth) {
+    OvAttributeStruct* const typeAttribute = scene->sgGetAttribute(location, "type");
+    const char* const type = textOf(typeAttribute);
+    int isCounted;
+    if (depth <= DEEPEST_PRINTED) {
+        printLine(census, location, type);
+    }
+    ++census->locations;
+    census->levels = depth >= census->levels ? depth + 1 : census->levels;
+    census->points += pointCount(location);
+    isCounted = countType(census, type);
+    giveBack(typeAttribute);
+    return isCounted;
+}
+
+/* ---- The walk ----------------------------------------------------------------------------- */
+
+/* A step gives an iterator without a reference: this takes one. The null iterator stays null. */
+static OvSgIteratorStruct* hold(OvSgIteratorStruct* iterator) {
+    scene->sgRetain(iterator);
+    return iterator;
+}
+
+/* The next location behind this one, which is given back: its next sibling, or that of the nearest
+   location above that has one. Null at the end. */
+static OvSgIteratorStruct* stepOver(OvSgIteratorStruct* here, int64_t* depth) {
+    OvSgIteratorStruct* next = hold(scene->sgGetNextSibling(here, 0));
+    while (!next && here) {
+        OvSgIteratorStruct* const above = hold(scene->sgGetParent(here));
+        scene->sgRelease(here);
+        here = above;
+        --*depth;
+        next = hold(scene->sgGetNextSibling(here, 0));
+    }
+    scene->sgRelease(here);
+    return next;
+}
+
+/* Every location, one above before those below it. Scenes may be deeper than any stack, so this
+   goes from neighbour to neighbour. 0 when memory runs out. */
+static int walk(Census* census, OvSgIteratorStruct* root) {
+    OvSgIteratorStruct* here = hold(root);
+    int64_t depth = 0;
+    int goesOn = 1;
+    while (here && goesOn) {
+        goesOn = visit(census, here, depth);
+        if (goesOn) {
+            OvSgIteratorStruct* const child = hold(scene->sgGetFirstChild(here, 0));
+            if (child) {
+                scene->sgRelease(here);
+                here = child;
+                ++depth;
+            } else {
+                here = stepOver(here, &depth);
+            }
+        }
+    }
+    scene->sgRelease(here);
+    return goesOn;
+}
+
+static void printSums(const Census* census) {
+    size_t i;
+    fprintf(census->file,
+            "%lld locations, %lld levels, %lld points\n",
+            (long long)census->locations,
+            (long long)census->levels,
+            (long long)census->points);
+    for (i = 0; i < census->typeCount; ++i) {
+        fprintf(census->file,
+                "%8lld  %s\n",
+                (long long)census->types[i].locations,
+                census->types[i].type);
+    }
+}
+
+/* ---- The renderer ------------------------------------------------------------------------- */
+
+static int takeCensus(OvSgIteratorStruct* root, FILE* file) {
+    Census census;
+    int isDone;
+    memset(&census, 0, sizeof census);
+    census.file = file;
+    isDone = walk(&census, root);
+    if (isDone) {
+        printSums(&census);
+    } else {
+        logMessage(OV_LOG_ERROR, "there is not enough memory", "");
+    }
+    freeTypes(&census);
+    return isDone;
+}
+
+/* 0 when not all was written. The standard output is the host's to look after. */
+static int closeFile(FILE* file, const char* name) {
+    int failure;
+    if (file == stdout) {
+        return 1;
+    }
+    failure = ferror(file);
+    failure |= fclose(file);
+    if (failure) {
+        logMessage(OV_LOG_ERROR, "cannot write ", name);
+    }
+    return !failure;
+}
+
+static int writeCensus(OvSgIteratorStruct* root, const char* name) {
+    FILE* const file = name ? fopen(name, "w") : stdout;
+    int isTaken;
+    if (!file) {
+        logMessage(OV_LOG_ERROR, "cannot open ", name);
+        return 0;
+    }
+    isTaken = takeCensus(root, file);
+    return closeFile(file, name) && isTaken;
+}
+
+/* This one has no options, and one thread is enough for it. */
+static int32_t render(const OvRenderJob* job) {
+    OvSgIteratorStruct* root;
+    int isDone;
+    uint32_t i;
+    for (i = 0; i < job->optionCount; ++i) {
+        logMessage(OV_LOG_WARN, "there is no option ", job->options[i]);
+    }
+    root = job->opTreeFile ? scene->sgCreateRootFromFile(job->opTreeFile)
+                           : scene->sgCreateRootFromAttr(job->opTree);
+    if (!root) {
+        return 1; /* the log has the reason already */
+    }
+    isDone = writeCensus(root, job->outputFile);
+    scene->sgFinalize(root); /* what was cooked for this render is wanted no longer */
+    scene->sgRelease(root);  /* unlike a step, a root comes with a reference */
+    return isDone ? 0 : 1;
+}
+
+static const OvRenderer renderer = {sizeof(OvRenderer),
+                                    0, /* reserved */
+                                    "A census: the upper locations, and how many of each type.",
+                                    render};
+
+/* ---- The plug-in -------------------------------------------------------------------------- */
+
+/* Called once, before anything else is wanted of the plug-in. Anything but 0 refuses the host. */
+static int32_t setHost(const OvHostTable* table) {
+    host = table;
+    attributes = (const OvAttributeSuite*)host->findSuite(OV_ATTRIBUTE_SUITE_NAME,
+                                                          OV_ATTRIBUTE_SUITE_VERSION);
+    scene = (const OvScenegraphIteratorSuite*)host->findSuite(OV_SCENEGRAPH_ITERATOR_SUITE_NAME,
+                                                              OV_SCENEGRAPH_ITERATOR_SUITE_VERSION);
+    return attributes && scene ? 0 : 1;
+}
+
+static const void* getSuite(void) {
+    return &renderer;
+}
+
+/* The plug-in's name is the renderer's. */
+static OvPluginStruct plugin = {sizeof(OvPluginStruct),
+                                OV_PLUGIN_VERSION,
+                                "CensusC",
+                                OV_RENDERER_API_NAME,
+                                OV_RENDERER_API_VERSION,
+                                0, /* reserved */
+                                setHost,
+                                getSuite,
+                                0 /* flush: nothing is cached */};
+
+OV_PLUGIN_EXPORT int32_t OvGetPluginCount(void);
+OV_PLUGIN_EXPORT OvPluginStruct* OvGetPlugin(int32_t index);
+
+int32_t OvGetPluginCount(void) {
+    return 1;
+}
+
+OvPluginStruct* OvGetPlugin(int32_t index) {
+    return index == 0 ? &plugin : 0;
+}
