@@ -1,20 +1,26 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/DelimiterCodec.h>
-#include <SylvarPlatform/SampleAccessor.h>
 
+#include "Scene/HostTables.h"
 #include "Scene/SceneLocation.h"
+
+#include <cstddef>
+#include <utility>
 
 namespace ovscene {
 namespace {
 
-namespace OvAttribute = Sylvar3::internal::OvAttribute;
-using Names = OvAttribute::SampleAccessor<SYLVAR::StringAttribute>;
+using Names = SYLVAR::Suites::Values<const char*>;
 
-Names childNames(const GeometryProducerPtr& producer) {
-    return Names(producer->getPotentialChildren(), 0.0F);
+std::int64_t countOf(const Names& names) {
+    return static_cast<std::int64_t>(names.size());
 }
 
-/// Whether the producer takes it for the name of a child.
+const char* nameAt(const Names& names, std::int64_t place) {
+    return names[static_cast<std::size_t>(place)];
+}
+
+/// Whether the tables take it for the name of a child.
 bool isChildName(const std::string& name) {
     return !name.empty() && name != "." && name != ".." &&
            name.find_first_of(std::string("/\0", 2)) == std::string::npos;
@@ -22,61 +28,63 @@ bool isChildName(const std::string& name) {
 
 class CookedLocation final : public SceneLocation {
 public:
-    CookedLocation(const GeometryProducerPtr& producer, std::int64_t place)
-        : SceneLocation(producer, producer->getName(), place) {}
+    CookedLocation(Location itself, std::string name, Names siblings, std::int64_t place)
+        : SceneLocation(std::move(itself), std::move(name), place),
+          children_(location().potentialChildren()),
+          siblings_(std::move(siblings)) {}
 
-    std::int64_t childCount() const override { return childNames(producer()).getNumberOfValues(); }
+    std::int64_t childCount() const override { return countOf(children_); }
 
     SceneLocationPtr childFrom(std::int64_t place) const override {
-        const Names names = childNames(producer());
         if (place == 0) {
-            return wrap(producer()->getFirstChild(false), names, 0);
+            return wrap(valueOf(location().firstChild()), children_, 0);
         }
-        for (; place < names.getNumberOfValues(); ++place) {
-            if (const auto child = producer()->getChildByName(names.getNearest()[place], false)) {
-                return std::make_shared<CookedLocation>(child, place);
+        for (; place < childCount(); ++place) {
+            if (Location child = valueOf(location().child(nameAt(children_, place)))) {
+                return wrap(std::move(child), children_, place);
             }
         }
         return nullptr;
     }
 
     SceneLocationPtr nextSibling() const override {
-        const GeometryProducerPtr next = producer()->getNextSibling(false);
-        return next ? wrap(next, childNames(next->parent), place() + 1) : nullptr;
+        return wrap(valueOf(location().nextSibling()), siblings_, place() + 1);
     }
 
     SceneLocationPtr childNamed(const std::string& name) const override {
-        for (const std::string& spelling : {name, OvAttribute::DelimiterDecode(name)}) {
-            const GeometryProducerPtr child =
-                isChildName(spelling) ? producer()->getChildByName(spelling.c_str(), false)
-                                      : nullptr;
+        for (const std::string& spelling :
+             {name, Sylvar3::internal::OvAttribute::DelimiterDecode(name)}) {
+            Location child =
+                isChildName(spelling) ? valueOf(location().child(spelling)) : Location();
             if (child) {
-                return wrap(child, childNames(producer()), 0);
+                return wrap(std::move(child), children_, 0);
             }
         }
         return nullptr;
     }
 
 private:
-    /// `from` is the first place that it can have.
-    static SceneLocationPtr wrap(const GeometryProducerPtr& child,
-                                 const Names& names,
-                                 std::int64_t from) {
-        if (!child) {
+    /// A location of these siblings; `from` is the first place that it can have. Null when absent.
+    static SceneLocationPtr wrap(Location itself, const Names& siblings, std::int64_t from) {
+        if (!itself) {
             return nullptr;
         }
-        const std::string name = child->getName();
-        while (from < names.getNumberOfValues() && names.getNearest()[from] != name) {
+        std::string name = itself.name();
+        while (from < countOf(siblings) && nameAt(siblings, from) != name) {
             ++from;
         }
-        return std::make_shared<CookedLocation>(child, from);
+        return std::make_shared<CookedLocation>(std::move(itself), std::move(name), siblings, from);
     }
+
+    Names children_;
+    Names siblings_;
 };
 
 }  // namespace
 
-SceneLocationPtr cookedTopLocation(const GeometryProducerPtr& producer) {
-    return std::make_shared<CookedLocation>(producer, 0);
+SceneLocationPtr cookedTopLocation(Location location) {
+    std::string name = location.name();
+    return std::make_shared<CookedLocation>(std::move(location), std::move(name), Names(), 0);
 }
 
 }  // namespace ovscene

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <OvSylvarProducers/ScenegraphIteratorHost.h>
 #include <OvSylvarProducers/StaticGeometryProducer.h>
 #include <SylvarPlatform/DelimiterCodec.h>
 
+#include "Scene/HostTables.h"
 #include "Scene/SceneLocation.h"
 
 #include <string_view>
@@ -16,15 +18,19 @@ GroupAttribute orEmpty(const GroupAttribute& group) {
     return group ? group : GroupAttribute({}, false);
 }
 
+/// The tables make no location of a group, but a producer does.
+Location locationOf(const std::string& name, const GroupAttribute& group) {
+    return hostScene().share(SYLVAR::OvGeometryProducerToHandle(
+        SYLVAR::CreateStaticGeometryProducer("/" + name, orEmpty(group), nullptr)));
+}
+
 class StaticLocation final : public SceneLocation {
 public:
     StaticLocation(const std::string& name,
                    const GroupAttribute& group,
                    GroupAttribute siblings,
                    std::int64_t place)
-        : SceneLocation(SYLVAR::CreateStaticGeometryProducer("/" + name, orEmpty(group), nullptr),
-                        name,
-                        place),
+        : SceneLocation(locationOf(name, group), name, place),
           children_(group.getChild<GroupAttribute>("c")),
           siblings_(std::move(siblings)) {}
 
