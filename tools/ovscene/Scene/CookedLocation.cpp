@@ -4,6 +4,8 @@
 #include "Scene/HostTables.h"
 #include "Scene/SceneLocation.h"
 
+#include <algorithm>
+#include <atomic>
 #include <cstddef>
 #include <utility>
 
@@ -20,6 +22,14 @@ const char* nameAt(const Names& names, std::int64_t place) {
     return names[static_cast<std::size_t>(place)];
 }
 
+/// From the place `from` on; the count of names when it is not there.
+std::int64_t placeOf(const std::string& name, const Names& names, std::int64_t from) {
+    while (from < countOf(names) && nameAt(names, from) != name) {
+        ++from;
+    }
+    return from;
+}
+
 /// Whether the tables take it for the name of a child.
 bool isChildName(const std::string& name) {
     return !name.empty() && name != "." && name != ".." &&
@@ -28,10 +38,25 @@ bool isChildName(const std::string& name) {
 
 class CookedLocation final : public SceneLocation {
 public:
-    CookedLocation(Location itself, std::string name, Names siblings, std::int64_t place)
-        : SceneLocation(std::move(itself), std::move(name), place),
+    /// `earliest` is the first place that it can have among its siblings, some of which may be
+    /// absent.
+    CookedLocation(Location itself, Names siblings, std::int64_t earliest)
+        : SceneLocation(std::move(itself)),
           children_(location().potentialChildren()),
-          siblings_(std::move(siblings)) {}
+          siblings_(std::move(siblings)),
+          earliest_(earliest) {}
+
+    std::string name() const override { return location().name(); }
+
+    /// Looked up by the name when it is asked for, since it is asked of few.
+    std::int64_t place() const override {
+        std::int64_t place = place_.load(std::memory_order_relaxed);
+        if (place == kUnknown) {
+            place = placeOf(name(), siblings_, earliest_);
+            place_.store(place, std::memory_order_relaxed);
+        }
+        return place;
+    }
 
     std::int64_t childCount() const override { return countOf(children_); }
 
@@ -48,7 +73,8 @@ public:
     }
 
     SceneLocationPtr nextSibling() const override {
-        return wrap(valueOf(location().nextSibling()), siblings_, place() + 1);
+        const std::int64_t known = place_.load(std::memory_order_relaxed);
+        return wrap(valueOf(location().nextSibling()), siblings_, std::max(earliest_, known) + 1);
     }
 
     SceneLocationPtr childNamed(const std::string& name) const override {
@@ -64,27 +90,24 @@ public:
     }
 
 private:
-    /// A location of these siblings; `from` is the first place that it can have. Null when absent.
-    static SceneLocationPtr wrap(Location itself, const Names& siblings, std::int64_t from) {
-        if (!itself) {
-            return nullptr;
-        }
-        std::string name = itself.name();
-        while (from < countOf(siblings) && nameAt(siblings, from) != name) {
-            ++from;
-        }
-        return std::make_shared<CookedLocation>(std::move(itself), std::move(name), siblings, from);
+    static constexpr std::int64_t kUnknown = -1;
+
+    /// Null for the absent location.
+    static SceneLocationPtr wrap(Location itself, const Names& siblings, std::int64_t earliest) {
+        return itself ? std::make_shared<CookedLocation>(std::move(itself), siblings, earliest)
+                      : nullptr;
     }
 
     Names children_;
     Names siblings_;
+    std::int64_t earliest_;
+    mutable std::atomic<std::int64_t> place_{kUnknown};
 };
 
 }  // namespace
 
 SceneLocationPtr cookedTopLocation(Location location) {
-    std::string name = location.name();
-    return std::make_shared<CookedLocation>(std::move(location), std::move(name), Names(), 0);
+    return std::make_shared<CookedLocation>(std::move(location), Names(), 0);
 }
 
 }  // namespace ovscene

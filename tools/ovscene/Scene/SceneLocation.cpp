@@ -2,6 +2,7 @@
 #include "Scene/SceneLocation.h"
 
 #include <OvSylvarProducers/ScenegraphIteratorHost.h>
+#include <SylvarPlatform/DataAttribute.h>
 
 #include <utility>
 
@@ -9,12 +10,9 @@ namespace ovscene {
 
 namespace OvAttribute = Sylvar3::internal::OvAttribute;
 
-SceneLocation::SceneLocation(Location location, std::string name, std::int64_t place)
-    : location_(std::move(location)), name_(std::move(name)), place_(place) {}
-
-GroupAttribute SceneLocation::attributes() const {
-    return OvAttribute::castAttribute<GroupAttribute>(location_.attributes().detach());
-}
+SceneLocation::SceneLocation(Location location)
+    : location_(std::move(location)),
+      attributes_(OvAttribute::castAttribute<GroupAttribute>(location_.attributes().detach())) {}
 
 OvAttribute::Attribute SceneLocation::attribute(const std::string& name) const {
     return OvAttribute::Attribute::adopt(location_.attribute(name).detach());
@@ -22,6 +20,10 @@ OvAttribute::Attribute SceneLocation::attribute(const std::string& name) const {
 
 std::shared_ptr<Sylvar3::internal::OvSylvar::SylvarRuntime::Client> SceneLocation::client() const {
     return SYLVAR::OvHandleToGeometryProducer(location_.handle())->getClient();
+}
+
+std::string SceneLocation::text(const char* name) const {
+    return attributes_.getChild<OvAttribute::StringAttribute>(name).getValue("");
 }
 
 }  // namespace ovscene

@@ -28,19 +28,20 @@ public:
     SceneLocation& operator=(const SceneLocation&) = delete;
 
     /// The decoded name: any bytes.
-    const std::string& name() const { return name_; }
+    virtual std::string name() const = 0;
 
-    std::string type() const { return location_.type(); }
+    /// The string attribute "type"; empty when there is none.
+    std::string type() const { return text("type"); }
 
     /// All attributes; null when there are none.
-    GroupAttribute attributes() const;
+    const GroupAttribute& attributes() const { return attributes_; }
 
     /// The attribute of that name, dotted names included; null when absent.
     Sylvar3::internal::OvAttribute::Attribute attribute(const std::string& name) const;
 
     /// What is wrong with the location, from its string attribute "errorMessage"; empty when
     /// nothing is.
-    std::string errorMessage() const { return location_.get("errorMessage", std::string()); }
+    std::string errorMessage() const { return text("errorMessage"); }
 
     /// The client of the runtime with which the calling thread cooks; empty for a static scene.
     std::shared_ptr<Sylvar3::internal::OvSylvar::SylvarRuntime::Client> client() const;
@@ -58,18 +59,19 @@ public:
     virtual SceneLocationPtr childNamed(const std::string& name) const = 0;
 
     /// Its own place below the location above; 0 for the top.
-    std::int64_t place() const { return place_; }
+    virtual std::int64_t place() const = 0;
 
 protected:
     /// The location must not be the absent one.
-    SceneLocation(Location location, std::string name, std::int64_t place);
+    explicit SceneLocation(Location location);
 
     const Location& location() const { return location_; }
 
 private:
+    std::string text(const char* name) const;
+
     Location location_;
-    std::string name_;
-    std::int64_t place_;
+    GroupAttribute attributes_;  // asked for once, since every walk reads them
 };
 
 /// The top of a static scene, /root. A step costs the same whatever the place: each location has a
