@@ -170,6 +170,13 @@ TEST_P(PointsToNDC, HaveAPiOfFullPrecision) {
     EXPECT_NE((x / coarse + 1) / 2, found);
 }
 
+// An oddity: the projection matrix depends on it.
+TEST_P(PointsToNDC, TakeNoNoticeOfTheAspectOfThePicture) {
+    StaticScene scene = sceneOf({});
+    scene.set("/root", "renderSettings.resolution", "hd_1080");
+    EXPECT_EQ(convert(sceneOf({}), {1, 2, -10}), convert(scene, {1, 2, -10}));
+}
+
 TEST_P(PointsToNDC, OfAnEmptyListAreNone) {
     Points points;
     ConvertPointListToNDC(openScene(sceneOf({}), GetParam()), kCamera, points);
