@@ -52,7 +52,7 @@ inline Sylvar3::internal::OvAttribute::DoubleAttribute attributeOf(
 
 inline Sylvar3::internal::OvAttribute::GroupAttribute geometryOf(const reference::Camera& camera) {
     const auto number = [](float value) {
-        return Sylvar3::internal::OvAttribute::DoubleAttribute(double{value});
+        return Sylvar3::internal::OvAttribute::DoubleAttribute(static_cast<double>(value));
     };
     return Sylvar3::internal::OvAttribute::GroupBuilder()
         .set("fov", number(camera.fov))
