@@ -91,13 +91,16 @@ void NetworkMerge::addInterface(const GroupAttribute& interface) {
         const auto source = entry.getChild<StringAttribute>("src");
         TextPair nodeAndParameter;
         if (source && splitInTwo(textOf(source), ".", nodeAndParameter)) {
-            const auto& [node, parameter] = nodeAndParameter;
             interface_.emplace_back(
                 interface.getChildName(i) + suffix_,
-                GroupAttribute({{"src", StringAttribute(node + suffix_ + "." + parameter)}},
-                               false));
+                GroupAttribute({{"src", renamedSource(nodeAndParameter)}}, false));
         }
     }
+}
+
+StringAttribute NetworkMerge::renamedSource(const TextPair& nodeAndParameter) const {
+    const auto& [node, parameter] = nodeAndParameter;
+    return StringAttribute(node + suffix_ + "." + parameter);
 }
 
 void NetworkMerge::addParameters(const GroupAttribute& parameters) {

@@ -28,6 +28,7 @@ private:
 
     GroupAttribute renamedNode(const GroupAttribute& node, const std::string& name) const;
     ChildList renamedConnections(const GroupAttribute& connections) const;
+    StringAttribute renamedSource(const TextPair& nodeAndParameter) const;
 
     const std::vector<std::string>& terminals_;
     std::set<std::string> taken_;
