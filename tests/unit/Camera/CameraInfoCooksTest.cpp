@@ -24,7 +24,7 @@ protected:
     ~CameraInfoCooks() override { ClearCameraInfoCache(); }
 
     GeometryProducerPtr open() {
-        const GeometryProducerPtr root = CreateThreadAwareGeometryProducer(tree, "/root");
+        GeometryProducerPtr root = CreateThreadAwareGeometryProducer(tree, "/root");
         fake.take();
         return root;
     }

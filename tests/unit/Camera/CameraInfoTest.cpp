@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Camera/CameraPath.h"
 #include "support/FakeProducer.h"
 #include "support/HeardLogs.h"
 #include "support/Transforms.h"
@@ -7,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -153,6 +155,25 @@ TEST_P(CameraInfoOf, IsLookedForFromTheTopByItsWholePath) {
     EXPECT_FALSE(GetCameraInfo(root, "/a/b"));
     EXPECT_FALSE(GetCameraInfo(root, "/root/a"));
     EXPECT_FALSE(GetCameraInfo(root, ""));
+}
+
+TEST_P(CameraInfoOf, IsThatOfTheRenderByThePathInTheTopsSettings) {
+    struct Row {
+        Attribute setting;
+        std::string path;
+        std::string renderPath;
+    };
+    for (const Row& row : {Row{StringAttribute("/root/shot"), "/root/shot", "/root/shot"},
+                           Row{Attribute(), kCamera, kCamera},
+                           Row{IntAttribute(1), kCamera, kCamera},
+                           Row{StringAttribute(std::vector<std::string>()), "", kCamera}}) {
+        ClearCameraInfoCache();
+        StaticScene scene = withCamera(withCamera({}), "/root/shot");
+        const auto root = open(scene.set("/root", "renderSettings.cameraName", row.setting));
+        EXPECT_EQ(row.path, GetCameraPath(root));
+        EXPECT_EQ(row.renderPath, GetRenderCameraPath(root));
+        EXPECT_TRUE(GetCameraInfo(root, GetRenderCameraPath(root))) << row.path;
+    }
 }
 
 TEST_P(CameraInfoOf, CanBeTheTopItself) {

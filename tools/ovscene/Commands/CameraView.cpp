@@ -49,7 +49,7 @@ std::string whyMissing(const SceneFile& file, const std::string& path) {
         const std::string text = error.what();
         return text.substr(file.name.size() + 2);
     }
-    return "its path must be that of the scene's own spelling, from the top location down";
+    return "the path has to be spelled as the scene spells it";
 }
 
 /// What is wrong with a location that is no camera.
