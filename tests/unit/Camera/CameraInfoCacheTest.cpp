@@ -2,7 +2,7 @@
 // What the process remembers of cameras.
 #include "support/FakeProducer.h"
 #include "support/Transforms.h"
-#include "unit/Camera/CameraScenes.h"
+#include "unit/Camera/CameraOfAScene.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include "support/FakeProducer.h"
 #include "support/HeardLogs.h"
 #include "support/Transforms.h"
-#include "unit/Camera/CameraScenes.h"
+#include "unit/Camera/CameraOfAScene.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/Threads.h"
 #include "support/Transforms.h"
-#include "unit/Camera/CameraScenes.h"
+#include "unit/Camera/CameraOfAScene.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
