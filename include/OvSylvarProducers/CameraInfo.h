@@ -53,8 +53,8 @@ struct CameraGeometry {
 OV_SYLVAR_PRODUCERS_API std::string GetCameraPath(GeometryProducerPtr root);
 
 /// The camera at that path below `root`, from a cache of the process, which keeps one for each path
-/// and content hash of the root (`getHash`) until `ClearCameraInfoCache`. Where a scene is cooked
-/// that hash is of the top location alone: a change below it goes unnoticed.
+/// and content hash of the root (`getHash`) until `ClearCameraInfoCache`. Over a runtime that hash
+/// is of the root location alone: clear the cache when what is below it may be another scene's.
 ///
 /// Empty for a null root. Empty also when there is no such location, when its "geometry" is no
 /// group, or when one of "fov", "near", "far", "left", "right", "top" and "bottom" in it is no

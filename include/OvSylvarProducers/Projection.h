@@ -20,7 +20,8 @@
 namespace SYLVAR {
 
 /// From camera space to clip space: a point is divided by its fourth coordinate afterwards. For an
-/// orthographic camera `fov` and `aspect`, the picture's width by its height, mean nothing.
+/// orthographic camera `fov` and `aspect`, the picture's width by its height, mean nothing, and the
+/// middle of the screen rectangle is added: the matrix is right for one about the axis alone.
 OV_SYLVAR_PRODUCERS_API Imath::Matrix44<double> GetProjectionMatrix(float near,
                                                                     float far,
                                                                     float left,
@@ -66,8 +67,8 @@ OV_SYLVAR_PRODUCERS_API int GetPixelAreaThroughCamera(GeometryProducerPtr produc
                                                       const std::string& resolutionName);
 
 /// Replaces `result` by the times among `samples` that matter from `shutterOpen` to `shutterClose`:
-/// those within, and on either side the nearest one outside when none lies on the border. Any
-/// thread.
+/// those within, and on either side the nearest one outside when none lies on the border. A single
+/// one always matters, but for a `shutterClose` of -9999 or less that it is later than. Any thread.
 OV_SYLVAR_PRODUCERS_API void FindSampleTimesRelevantToShutterRange(const std::set<float>& samples,
                                                                    float shutterOpen,
                                                                    float shutterClose,

@@ -46,6 +46,11 @@ class Walk(OpTreeCase):
         changed = 1 + 9 + 81  # /root/c1 itself and what is below it
         self.assertEqual(820 * 7 + changed, one["attributes"])
 
+    def test_what_is_read_is_the_same_when_all_threads_share_one_client(self):
+        own, shared = (json.loads(self.ok("walk", "made.json", "--threads", "2", "--json", **environment))
+                       for environment in ({}, {"RUNTIME_USE_CONCURRENT": "1"}))
+        self.assertEqual({**own, "walks": []}, {**shared, "walks": []})
+
     def test_a_loaded_scene_is_walked_as_the_file_itself(self):
         static, cooked = (self.walk(file) for file in ("small.optree", "load.json"))
         self.assertEqual(("static scene", "op tree"), (static["content"], cooked["content"]))

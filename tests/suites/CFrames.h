@@ -17,15 +17,7 @@ void callThroughC(const OvScenegraphIteratorSuite* table,
                   int* returned);
 
 /* The entries that walk or read a scene, by number; the text is a name or a path. */
-enum {
-    kFirstChild,
-    kNextSibling,
-    kChildByName,
-    kByPath,
-    kFinalize,
-    kLoadOpTreeDescription,
-    kEntryCount
-};
+enum { kFirstChild, kNextSibling, kChildByName, kByPath, kFinalize, kLoadOpTreeDescription };
 
 #ifdef __cplusplus
 }

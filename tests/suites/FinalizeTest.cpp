@@ -82,6 +82,15 @@ TEST_F(Finalize, FinalizesAlsoWhenTheRootIsNoLongerThere) {
     EXPECT_THAT(fake.take("finalize"), ElementsAre("finalize r1"));
 }
 
+TEST_F(Finalize, KnowsNoLiveRenderOfARootThatIsNotThere) {
+    const Handle root = openTree();
+    const GroupAttribute live({{"liveRender", IntAttribute(1)}}, false);
+    fake.put("/root", GroupAttribute({{"exists", IntAttribute(0)}, {"attrs", live}}, false));
+    fake.take();
+    table.sgFinalize(root);
+    EXPECT_THAT(fake.take("finalize"), ElementsAre("finalize r1"));
+}
+
 TEST_F(Finalize, DoesNothingForASceneWithoutAClient) {
     const Handle root = step(ovtest::staticIterator());
     table.sgFinalize(root);

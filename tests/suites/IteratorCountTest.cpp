@@ -7,6 +7,7 @@
 #include <vector>
 
 using testing::Each;
+using testing::ElementsAre;
 
 namespace {
 
@@ -46,6 +47,17 @@ TEST_F(IteratorCount, GoesUpWithRetainAndDownWithRelease) {
     table.sgRelease(root);
     table.sgRelease(root);
     EXPECT_EQ(1, ovtest::countOf(root));
+}
+
+TEST_F(IteratorCount, OfAStepThatIsRetainedAndReleasedFreesIt) {
+    ::setenv(kConcurrent, "1", 1);
+    const Handle root = table.sgCreateRootFromFile(freshFile("ops").c_str());
+    const Handle a = table.sgGetFirstChild(root, 0);
+    table.sgRetain(a);
+    table.sgRelease(root);
+    EXPECT_THAT(fake.live(), ElementsAre("c1", "r1"));
+    table.sgRelease(a);
+    EXPECT_THAT(fake.live(), ElementsAre("r1"));
 }
 
 TEST_F(IteratorCount, IsUntouchedByAStepAndByFinalize) {

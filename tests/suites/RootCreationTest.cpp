@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/IteratorTest.h"
+#include "support/SuiteCalls.h"
 
 #include <fstream>
 #include <new>
@@ -59,6 +60,20 @@ TEST_F(RootCreation, OpensAnOpTreeGroupWhichIsBorrowed) {
     const GroupAttribute tree = freshTree();
     EXPECT_EQ("/root", pathOf(iterators.root(table.sgCreateRootFromAttr(tree.handle()))));
     EXPECT_EQ(1, tree.getNumberOfChildren());
+}
+
+TEST_F(RootCreation, GivesBackEveryReferenceThatItTakesOfWhatItBorrows) {
+    const IntAttribute number(3);
+    ovtest::SuiteCalls calls;
+    toldByFailing([&] { return table.sgCreateRootFromAttr(number.handle()); });
+    int taken = 0;
+    int givenBack = 0;
+    for (const ovtest::SuiteCall& call : calls.take()) {
+        taken += call == ovtest::SuiteCall{"retain", number.handle()} ? 1 : 0;
+        givenBack += call == ovtest::SuiteCall{"release", number.handle()} ? 1 : 0;
+    }
+    EXPECT_EQ(taken, givenBack);
+    EXPECT_GT(taken, 0);
 }
 
 TEST_F(RootCreation, GivesEachThreadAClientOfItsOwn) {
@@ -176,6 +191,24 @@ TEST_F(ConcurrentRoot, DeliversTheBytesOfTheFile) {
     EXPECT_EQ(bytes, delivered);
 }
 
+TEST_F(ConcurrentRoot, HandsTheReaderARecordOfTheStreamAndTheName) {
+    struct Record {
+        std::istream* stream;
+        const char* filename;
+    };
+    const std::string name = freshFile("ops");
+    std::string told;
+    int firstByte = 0;
+    fake.onCall("deserializeOps", [&] {
+        const auto& record = *static_cast<const Record*>(fake.readContext());
+        told = record.filename;
+        firstByte = record.stream->peek();
+    });
+    ASSERT_TRUE(openFile(name));
+    EXPECT_EQ(name, told);
+    EXPECT_EQ('o', firstByte);
+}
+
 TEST_F(ConcurrentRoot, SharesTheClientWithAllThreads) {
     const Handle root = openFile(freshFile("ops"));
     fake.take();
@@ -204,6 +237,25 @@ TEST_F(ConcurrentRoot, KeepsTheRuntimePublishedWhenTheIteratorsAreGone) {
     EXPECT_NE(nullptr, renderRuntime());
 }
 
+TEST_F(ConcurrentRoot, KeepsTheRuntimePublishedWhenNoRootComesOfIt) {
+    fake.put("/root", GroupAttribute());
+    EXPECT_EQ(kFailed, toldByFile(freshFile("ops", "1")));
+    EXPECT_NE(nullptr, renderRuntime());
+    fake.onCall("cookLocation", [] { throw std::runtime_error("fault"); });
+    EXPECT_EQ(thrown("fault"), toldByFile(freshFile("ops", "2")));
+    EXPECT_NE(nullptr, renderRuntime());
+}
+
+TEST_F(ConcurrentRoot, KeepsTheRuntimePublishedWhenTheUsualWayFollows) {
+    ASSERT_TRUE(openFile(freshFile("ops", "1")));
+    const auto published = renderRuntime();
+    ASSERT_TRUE(published);
+    ::unsetenv(kConcurrent);
+    ASSERT_TRUE(openFile(freshFile("ops", "2")));
+    ASSERT_TRUE(openTree());
+    EXPECT_EQ(published, renderRuntime());
+}
+
 TEST_F(ConcurrentRoot, KeepsOnlyTheRuntimeAndTheClientOfWhatItMade) {
     ASSERT_TRUE(openFile(freshFile("ops")));
     EXPECT_THAT(fake.live(), ElementsAre("c1", "r1"));
@@ -220,7 +272,7 @@ TEST_F(ConcurrentRoot, WithoutARuntimeIsNullWithALogAndNothingElse) {
     EXPECT_EQ(nullptr, renderRuntime());
 }
 
-TEST_F(ConcurrentRoot, FailsWhenTheRuntimeGivesNoTransactionNoOpOrNoClient) {
+TEST_F(ConcurrentRoot, FailsWhenTheRuntimeGivesNoTransactionOrNoClient) {
     for (const char* const entry : {"createTransaction", "createClient"}) {
         fake.giveNullFrom(entry);
         EXPECT_EQ(kFailed, toldByFile(freshFile("ops", entry))) << entry;
@@ -230,9 +282,11 @@ TEST_F(ConcurrentRoot, FailsWhenTheRuntimeGivesNoTransactionNoOpOrNoClient) {
 }
 
 TEST_F(ConcurrentRoot, HandsAnOpThatCouldNotBeBuiltToTheClientAllTheSame) {
-    fake.giveBadOps();
-    EXPECT_TRUE(openFile(freshFile("no tree")));
-    EXPECT_EQ(1U, fake.take("setClientOp").size());
+    EXPECT_TRUE(openFile(freshFile("no tree", "1")));
+    EXPECT_THAT(fake.take("setClientOp"), ElementsAre("setClientOp t1 c1 o1"));
+    fake.giveNullFrom("deserializeOps");
+    EXPECT_TRUE(openFile(freshFile("ops", "2")));
+    EXPECT_THAT(fake.take("setClientOp"), ElementsAre("setClientOp t2 c2 null"));
 }
 
 TEST_F(ConcurrentRoot, ReadsAMissingFileAsAnEmptyOneAndSaysNothingAboutIt) {

@@ -163,6 +163,7 @@ struct FakeEntries {
     static OvRuntimeOpStruct* deserializeOps(OvRuntimeTransactionStruct* transaction,
                                              void* stream,
                                              OvReadFunction read) {
+        fake().readContext_ = stream;
         auto* const op = made<OvRuntimeOpStruct>("deserializeOps", "o", in(transaction));
         char piece[7];
         std::string bytes;
@@ -260,6 +261,7 @@ FakeRuntime& FakeRuntime::fresh() {
     one.live_.clear();
     one.calls_.clear();
     one.faults_.clear();
+    one.readContext_ = nullptr;
     one.answersElsewhere_ = false;
     one.isQuiet_ = false;
     return one;

@@ -75,6 +75,9 @@ public:
     Attribute argumentsOf(const std::string& op);
     Names pieces();
 
+    /// What the reader of the file is handed; for a hook of "deserializeOps".
+    const void* readContext() const { return readContext_; }
+
     /// The handles since `fresh` that were not given back yet.
     Names live();
 
@@ -107,6 +110,7 @@ private:
     Names calls_;
     Names pieces_;
     Names faults_;
+    const void* readContext_ = nullptr;
     bool givesBadOps_ = false;
     bool answersElsewhere_ = false;
     bool isQuiet_ = false;

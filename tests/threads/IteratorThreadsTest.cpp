@@ -133,13 +133,21 @@ TEST(IteratorThreads, EachMakesARootOfItsOwn) {
 }
 
 TEST(IteratorThreads, AllAskForTheTablesAtOnceAndGetTheSame) {
-    std::vector<const void*> found(kThreads);
+    struct Tables {
+        const void* version3;
+        const void* version2;
+    };
+    std::vector<Tables> found(kThreads);
     ovtest::onThreads(kThreads, [&](int i) {
         OvSylvarProducersInitialize(OvGetHostTable());
-        found[static_cast<std::size_t>(i)] = OvGetHostTable()->findSuite(
-            OV_SCENEGRAPH_ITERATOR_SUITE_NAME, OV_SCENEGRAPH_ITERATOR_SUITE_VERSION);
+        const OvHostTable& host = *OvGetHostTable();
+        found[static_cast<std::size_t>(i)] = {
+            host.findSuite(OV_SCENEGRAPH_ITERATOR_SUITE_NAME, OV_SCENEGRAPH_ITERATOR_SUITE_VERSION),
+            host.findSuite(OV_SCENEGRAPH_ITERATOR_SUITE_NAME,
+                           OV_SCENEGRAPH_ITERATOR_SUITE_VERSION_2)};
     });
-    for (const void* one : found) {
-        EXPECT_EQ(&table(), one);
+    for (const Tables& one : found) {
+        EXPECT_EQ(&table(), one.version3);
+        EXPECT_EQ(&ovtest::iteratorTable2(), one.version2);
     }
 }

@@ -33,8 +33,9 @@
 ///   has no elements. It may be asked anything, and answers with more of the same.
 /// - What goes wrong in the host is an `Error`, as a value. Nothing here throws, but for
 ///   std::bad_alloc when memory runs out.
-/// - A `Location`, an `Attribute` and what comes of them belong to one thread at a time, as a
-///   pointer does. Two of them for one and the same handle may be used by two threads.
+/// - Any number of threads may call the const functions of one `Location`, `Attribute`, `Values` or
+///   `Scene` at once, and copy or `share` it. What changes an object (an assignment, a move,
+///   `detach`, a loop over a range) is for one thread that has it alone, as with a pointer.
 /// - Texts end at their first NUL; a null pointer reads as "".
 namespace SYLVAR::Suites {
 

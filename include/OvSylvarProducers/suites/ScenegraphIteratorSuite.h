@@ -37,7 +37,8 @@ extern "C" {
  * - any thread may call it at any time, on shared iterators too;
  * - what the runtime throws while it cooks travels to the caller as a C++ exception, and so do
  *   std::bad_alloc and what an entry says. A caller in C is compiled with -fexceptions where that
- *   must be survived. Only the two entries that make a root catch.
+ *   must be survived. Only the two entries that make a root catch, and that only what is a
+ *   std::exception.
  */
 
 #define OV_SCENEGRAPH_ITERATOR_SUITE_NAME "ScenegraphIteratorHost"
@@ -111,14 +112,14 @@ typedef struct OvScenegraphIteratorSuite {
     OvAttributeStruct* (*sgGetAttribute)(OvSgIteratorStruct* iterator, const char* name);
 
     /* The same, with the locations above considered: the nearest one that has it wins, and groups
-       with group inherit on are merged with those above. */
+       with group inherit on are merged with those above. The name must not be null. */
     OvAttributeStruct* (*sgGetGlobalAttribute)(OvSgIteratorStruct* iterator, const char* name);
 
     /* The names of the location's attributes, sorted: strings, of which there may be none. */
     OvAttributeStruct* (*sgGetAttributeNames)(OvSgIteratorStruct* iterator);
 
     /* The attributes "xform" of the locations from the top down to this one: a group with the
-       children "i0", "i1", ... by depth. */
+       children "i0", "i1", ... by depth, without those of locations that have none. */
     OvAttributeStruct* (*sgGetGlobalXFormGroup)(OvSgIteratorStruct* iterator);
 
     /* The names of the children that the location may have: strings, or null. A potential child
@@ -126,8 +127,11 @@ typedef struct OvScenegraphIteratorSuite {
     OvAttributeStruct* (*sgGetPotentialChildren)(OvSgIteratorStruct* iterator);
 
     /* The end of a render: the scene's runtime waits for what is being cooked and drops what was.
-       It is left alone while a live render goes on, which is when /root has an attribute
-       "liveRenderSettings" or "liveRender". Takes no reference; iterators stay good to release. */
+       Where every thread has a client of its own, it is the runtime of the calling thread's client;
+       a scene without a client has none. It is left alone while a live render goes on, which is
+       when /root has an attribute "liveRenderSettings" or "liveRender" of any kind; the log is then
+       told "Runtime finalize deferred while live rendering.", as an info. Gives no reference back;
+       iterators stay good to walk and to release. */
     void (*sgFinalize)(OvSgIteratorStruct* iterator);
 } OvScenegraphIteratorSuite;
 

@@ -5,10 +5,10 @@
 #include <SylvarPlatform/SampleAccessor.h>
 
 #include "support/AttributeBytes.h"
+#include "support/SmallStack.h"
 
 #include <gtest/gtest.h>
 
-#include <pthread.h>
 #include <set>
 #include <string>
 #include <utility>
@@ -17,22 +17,6 @@
 namespace {
 
 using namespace Sylvar3::internal::OvAttribute;
-
-/// Runs `action` on a thread whose stack would not hold a recursion.
-template <class Action>
-void onSmallStack(Action action) {
-    pthread_attr_t attributes;
-    ASSERT_EQ(0, pthread_attr_init(&attributes));
-    ASSERT_EQ(0, pthread_attr_setstacksize(&attributes, std::size_t{256} * 1024));
-    pthread_t thread{};
-    const auto run = [](void* argument) -> void* {
-        (*static_cast<Action*>(argument))();
-        return nullptr;
-    };
-    ASSERT_EQ(0, pthread_create(&thread, &attributes, run, &action));
-    ASSERT_EQ(0, pthread_join(thread, nullptr));
-    pthread_attr_destroy(&attributes);
-}
 
 constexpr int kDepth = 100000;
 
@@ -46,7 +30,7 @@ GroupAttribute deepGroup() {
 }
 
 TEST(DeepGroup, IsHashedAndReleasedWithoutRecursion) {
-    onSmallStack([] {
+    ovtest::onSmallStack([] {
         GroupAttribute group = deepGroup();
         EXPECT_NE(Hash(), group.getHash());
         const auto inner = group.getChild<GroupAttribute>("down.down.down");
@@ -56,7 +40,7 @@ TEST(DeepGroup, IsHashedAndReleasedWithoutRecursion) {
 }
 
 TEST(DeepGroup, IsWrittenAndReadWithoutRecursion) {
-    onSmallStack([] {
+    ovtest::onSmallStack([] {
         Hash hash;
         std::string bytes;
         {

@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <cstring>
+
 using namespace SYLVAR;
 
 namespace {
@@ -41,6 +44,22 @@ TEST(IteratorHandle, KeepsItsCountWhenItsProducerIsTaken) {
     table.sgRetain(handle);
     EXPECT_EQ(producer, OvHandleToGeometryProducer(handle));
     EXPECT_EQ(1, ovtest::countOf(handle));
+    table.sgRelease(handle);
+}
+
+TEST(IteratorHandle, IsARecordOfACountAndThenAProducer) {
+    struct Record {
+        std::int32_t count;
+        const GeometryProducer* producer;
+    };
+    const OvScenegraphIteratorSuite& table = ovtest::iteratorTable();
+    const GeometryProducerPtr producer = ovtest::StaticScene().at("/root").open("/root");
+    const Handle handle = OvGeometryProducerToHandle(producer);
+    table.sgRetain(handle);
+    Record record{};
+    std::memcpy(&record, handle, sizeof record);
+    EXPECT_EQ(1, record.count);
+    EXPECT_EQ(producer.get(), record.producer);
     table.sgRelease(handle);
 }
 

@@ -7,7 +7,6 @@
 #include "Print/SafeText.h"
 #include "Print/Table.h"
 #include "Print/Terminal.h"
-#include "Scene/HostTables.h"
 #include "Scene/PluginFolders.h"
 #include "Scene/RenderJob.h"
 
@@ -61,7 +60,6 @@ void runRender(const RenderOptions& options, Output& output) {
     if (!options.list && options.file.empty()) {
         throw CLI::RequiredError("FILE");
     }
-    publishHostTables();
     searchPlugins();
     options.list ? printList(output) : renderFile(options, output);
 }

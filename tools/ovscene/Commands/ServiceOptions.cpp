@@ -6,6 +6,7 @@
 
 #include "Commands/OptionChecks.h"
 #include "ExitStatus.h"
+#include "Scene/HostTables.h"
 #include "Scene/PluginFolders.h"
 
 #include <filesystem>
@@ -128,6 +129,7 @@ void setServices(const ServiceOptions& options) {
     setLevels(options.levels, false);  // sets all, and so it comes first
     setLevels(options.levels, true);
     setFirstPluginFolders(options.plugins);
+    publishHostTables();
 }
 
 }  // namespace ovscene

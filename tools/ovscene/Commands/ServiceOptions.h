@@ -19,9 +19,9 @@ struct ServiceOptions {
 /// Adds the options to the program. `options` outlives the application.
 void addServiceOptions(CLI::App& app, ServiceOptions& options);
 
-/// Hands settings and levels to the services of the process, and remembers the folders of plug-ins
-/// for when some are needed. Throws a `CommandError` when the file of settings is unreadable or
-/// malformed.
+/// Hands settings and levels to the services of the process, remembers the folders of plug-ins for
+/// when some are needed, and publishes the tables that these may ask for. Throws a `CommandError`
+/// when the file of settings is unreadable or malformed, and as `publishHostTables` does.
 void setServices(const ServiceOptions& options);
 
 }  // namespace ovscene

@@ -1,20 +1,36 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/DelimiterCodec.h>
-#include <SylvarPlatform/SampleAccessor.h>
 
+#include "Scene/HostTables.h"
 #include "Scene/SceneLocation.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstddef>
+#include <utility>
 
 namespace ovscene {
 namespace {
 
-namespace OvAttribute = Sylvar3::internal::OvAttribute;
-using Names = OvAttribute::SampleAccessor<SYLVAR::StringAttribute>;
+using Names = SYLVAR::Suites::Values<const char*>;
 
-Names childNames(const GeometryProducerPtr& producer) {
-    return Names(producer->getPotentialChildren(), 0.0F);
+std::int64_t countOf(const Names& names) {
+    return static_cast<std::int64_t>(names.size());
 }
 
-/// Whether the producer takes it for the name of a child.
+const char* nameAt(const Names& names, std::int64_t place) {
+    return names[static_cast<std::size_t>(place)];
+}
+
+/// From the place `from` on; the count of names when it is not there.
+std::int64_t placeOf(const std::string& name, const Names& names, std::int64_t from) {
+    while (from < countOf(names) && nameAt(names, from) != name) {
+        ++from;
+    }
+    return from;
+}
+
+/// Whether the tables take it for the name of a child.
 bool isChildName(const std::string& name) {
     return !name.empty() && name != "." && name != ".." &&
            name.find_first_of(std::string("/\0", 2)) == std::string::npos;
@@ -22,61 +38,76 @@ bool isChildName(const std::string& name) {
 
 class CookedLocation final : public SceneLocation {
 public:
-    CookedLocation(const GeometryProducerPtr& producer, std::int64_t place)
-        : SceneLocation(producer, producer->getName(), place) {}
+    /// `earliest` is the first place that it can have among its siblings, some of which may be
+    /// absent.
+    CookedLocation(Location itself, Names siblings, std::int64_t earliest)
+        : SceneLocation(std::move(itself)),
+          children_(location().potentialChildren()),
+          siblings_(std::move(siblings)),
+          earliest_(earliest) {}
 
-    std::int64_t childCount() const override { return childNames(producer()).getNumberOfValues(); }
+    std::string name() const override { return location().name(); }
+
+    /// Looked up by the name when it is asked for, since it is asked of few.
+    std::int64_t place() const override {
+        std::int64_t place = place_.load(std::memory_order_relaxed);
+        if (place == kUnknown) {
+            place = placeOf(name(), siblings_, earliest_);
+            place_.store(place, std::memory_order_relaxed);
+        }
+        return place;
+    }
+
+    std::int64_t childCount() const override { return countOf(children_); }
 
     SceneLocationPtr childFrom(std::int64_t place) const override {
-        const Names names = childNames(producer());
         if (place == 0) {
-            return wrap(producer()->getFirstChild(false), names, 0);
+            return wrap(valueOf(location().firstChild()), children_, 0);
         }
-        for (; place < names.getNumberOfValues(); ++place) {
-            if (const auto child = producer()->getChildByName(names.getNearest()[place], false)) {
-                return std::make_shared<CookedLocation>(child, place);
+        for (; place < childCount(); ++place) {
+            if (Location child = valueOf(location().child(nameAt(children_, place)))) {
+                return wrap(std::move(child), children_, place);
             }
         }
         return nullptr;
     }
 
     SceneLocationPtr nextSibling() const override {
-        const GeometryProducerPtr next = producer()->getNextSibling(false);
-        return next ? wrap(next, childNames(next->parent), place() + 1) : nullptr;
+        const std::int64_t known = place_.load(std::memory_order_relaxed);
+        return wrap(valueOf(location().nextSibling()), siblings_, std::max(earliest_, known) + 1);
     }
 
     SceneLocationPtr childNamed(const std::string& name) const override {
-        for (const std::string& spelling : {name, OvAttribute::DelimiterDecode(name)}) {
-            const GeometryProducerPtr child =
-                isChildName(spelling) ? producer()->getChildByName(spelling.c_str(), false)
-                                      : nullptr;
+        for (const std::string& spelling :
+             {name, Sylvar3::internal::OvAttribute::DelimiterDecode(name)}) {
+            Location child =
+                isChildName(spelling) ? valueOf(location().child(spelling)) : Location();
             if (child) {
-                return wrap(child, childNames(producer()), 0);
+                return wrap(std::move(child), children_, 0);
             }
         }
         return nullptr;
     }
 
 private:
-    /// `from` is the first place that it can have.
-    static SceneLocationPtr wrap(const GeometryProducerPtr& child,
-                                 const Names& names,
-                                 std::int64_t from) {
-        if (!child) {
-            return nullptr;
-        }
-        const std::string name = child->getName();
-        while (from < names.getNumberOfValues() && names.getNearest()[from] != name) {
-            ++from;
-        }
-        return std::make_shared<CookedLocation>(child, from);
+    static constexpr std::int64_t kUnknown = -1;
+
+    /// Null for the absent location.
+    static SceneLocationPtr wrap(Location itself, const Names& siblings, std::int64_t earliest) {
+        return itself ? std::make_shared<CookedLocation>(std::move(itself), siblings, earliest)
+                      : nullptr;
     }
+
+    Names children_;
+    Names siblings_;
+    std::int64_t earliest_;
+    mutable std::atomic<std::int64_t> place_{kUnknown};
 };
 
 }  // namespace
 
-SceneLocationPtr cookedTopLocation(const GeometryProducerPtr& producer) {
-    return std::make_shared<CookedLocation>(producer, 0);
+SceneLocationPtr cookedTopLocation(Location location) {
+    return std::make_shared<CookedLocation>(std::move(location), Names(), 0);
 }
 
 }  // namespace ovscene

@@ -62,8 +62,9 @@ public:
 private:
     void visitChildren(Work work) {
         divide(work);
+        const bool isLastPart = work.end == work.location->childCount();  // else it ends at a place
         SceneLocationPtr child = work.location->childFrom(work.begin);
-        while (child && child->place() < work.end) {
+        while (child && (isLastPart || child->place() < work.end)) {
             visit(child);
             walk_.work.shareWith(own_);
             child = child->nextSibling();

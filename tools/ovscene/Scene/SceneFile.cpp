@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Scene/SceneFile.h"
 
-#include <OvSylvarProducers/ThreadAwareGeometryProducer.h>
 #include <OvSylvarProducers/ThreadLocalClient.h>
 
 #include "ExitStatus.h"
+#include "Scene/HostTables.h"
 #include "Scene/InputFile.h"
 #include "Scene/PluginFolders.h"
 
@@ -55,9 +55,18 @@ std::string faultOf(const GroupAttribute& opTree) {
     return opTree.getNumberOfChildren() == 0 ? "it has no ops" : "the log tells why";
 }
 
-/// Whether the calling thread has a client of the op tree: it is the one that producers will use.
-bool hasClient(const SYLVAR::OpTreeSource& source) {
-    return SYLVAR::ThreadLocalClient(source).getClient() != nullptr;
+/// Throws what is wrong with an op tree of which no root can be made: who makes one tells less of
+/// that, and in lines of its own. Asks the calling thread's client, which locations will use too.
+void requireRoot(const SceneFile& file,
+                 const SYLVAR::OpTreeSource& source,
+                 const GroupAttribute& opTree) {
+    const auto client = SYLVAR::ThreadLocalClient(source).getClient();
+    if (!client) {
+        throwMalformed(file, "the op tree cannot be opened; " + faultOf(opTree));
+    }
+    if (!client->cookLocation(kTopPath).doesLocationExist()) {
+        throwMalformed(file, std::string("the op tree makes no location ") + kTopPath);
+    }
 }
 
 /// A pipe can't be read again, so what it held is opened.
@@ -66,17 +75,12 @@ SceneLocationPtr openOpTree(const SceneFile& file) {
     const auto group = OvAttribute::castAttribute<GroupAttribute>(file.attribute);
     searchPlugins();  // they add op types
     logUnusablePlugins();
-    if (!hasClient(isReadAgain ? SYLVAR::OpTreeSource::createFromFile(file.name)
-                               : SYLVAR::OpTreeSource::createFromGroupAttribute(group))) {
-        throwMalformed(file, "the op tree cannot be opened; " + faultOf(group));
-    }
-    const GeometryProducerPtr top =
-        isReadAgain ? SYLVAR::CreateThreadAwareGeometryProducer(file.name, kTopPath)
-                    : SYLVAR::CreateThreadAwareGeometryProducer(group, kTopPath);
-    if (!top) {
-        throwMalformed(file, std::string("the op tree makes no location ") + kTopPath);
-    }
-    return cookedTopLocation(top);
+    requireRoot(file,
+                isReadAgain ? SYLVAR::OpTreeSource::createFromFile(file.name)
+                            : SYLVAR::OpTreeSource::createFromGroupAttribute(group),
+                group);
+    return cookedTopLocation(valueOf(isReadAgain ? hostScene().openFile(file.name)
+                                                 : hostScene().openOpTree(group.handle())));
 }
 
 }  // namespace

@@ -1,23 +1,29 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Scene/SceneLocation.h"
 
+#include <OvSylvarProducers/ScenegraphIteratorHost.h>
+#include <SylvarPlatform/DataAttribute.h>
+
 #include <utility>
 
 namespace ovscene {
 
 namespace OvAttribute = Sylvar3::internal::OvAttribute;
 
-SceneLocation::SceneLocation(GeometryProducerPtr producer, std::string name, std::int64_t place)
-    : producer_(std::move(producer)), name_(std::move(name)), place_(place) {}
+SceneLocation::SceneLocation(Location location)
+    : location_(std::move(location)),
+      attributes_(OvAttribute::castAttribute<GroupAttribute>(location_.attributes().detach())) {}
 
-GroupAttribute SceneLocation::attributes() const {
-    return OvAttribute::castAttribute<GroupAttribute>(producer_->getAttribute(""));
+OvAttribute::Attribute SceneLocation::attribute(const std::string& name) const {
+    return OvAttribute::Attribute::adopt(location_.attribute(name).detach());
 }
 
-std::string SceneLocation::errorMessage() const {
-    return OvAttribute::castAttribute<SYLVAR::StringAttribute>(
-               producer_->getAttribute("errorMessage"))
-        .getValue("");
+std::shared_ptr<Sylvar3::internal::OvSylvar::SylvarRuntime::Client> SceneLocation::client() const {
+    return SYLVAR::OvHandleToGeometryProducer(location_.handle())->getClient();
+}
+
+std::string SceneLocation::text(const char* name) const {
+    return attributes_.getChild<OvAttribute::StringAttribute>(name).getValue("");
 }
 
 }  // namespace ovscene

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <OvSylvarProducers/GeometryProducer.h>
+#include <OvSylvarProducers/suites/Scene.hpp>
+#include <SylvarPlatform/GroupAttribute.h>
+#include <SylvarPlatform/SylvarRuntime.h>
 
 #include <cstdint>
 #include <memory>
@@ -9,14 +11,16 @@
 
 namespace ovscene {
 
-using SYLVAR::GeometryProducerPtr;
-using SYLVAR::GroupAttribute;
+using SYLVAR::Suites::Location;
+using Sylvar3::internal::OvAttribute::GroupAttribute;
 
 class SceneLocation;
 using SceneLocationPtr = std::shared_ptr<const SceneLocation>;
 
-/// One location of a scene: the producer that answers for it, and the steps to its neighbours.
-/// Immutable; any thread may use it, and hand it on.
+/// One location of a scene, as the host's tables give it, and the steps to its neighbours.
+///
+/// Immutable; any thread may use it, and hand it on. What it holds of the tables is asked alone,
+/// which any number of threads may do at once.
 class SceneLocation {
 public:
     virtual ~SceneLocation() = default;
@@ -24,24 +28,23 @@ public:
     SceneLocation& operator=(const SceneLocation&) = delete;
 
     /// The decoded name: any bytes.
-    const std::string& name() const { return name_; }
+    virtual std::string name() const = 0;
 
-    std::string type() const { return producer_->getType(); }
+    /// The string attribute "type"; empty when there is none.
+    std::string type() const { return text("type"); }
 
     /// All attributes; null when there are none.
-    GroupAttribute attributes() const;
+    const GroupAttribute& attributes() const { return attributes_; }
 
     /// The attribute of that name, dotted names included; null when absent.
-    SYLVAR::Attribute attribute(const std::string& name) const {
-        return producer_->getAttribute(name.c_str());
-    }
+    Sylvar3::internal::OvAttribute::Attribute attribute(const std::string& name) const;
 
     /// What is wrong with the location, from its string attribute "errorMessage"; empty when
     /// nothing is.
-    std::string errorMessage() const;
+    std::string errorMessage() const { return text("errorMessage"); }
 
-    /// The calling thread's client of the runtime; empty for a static scene.
-    std::shared_ptr<SYLVAR::SylvarRuntime::Client> client() const { return producer_->getClient(); }
+    /// The client of the runtime with which the calling thread cooks; empty for a static scene.
+    std::shared_ptr<Sylvar3::internal::OvSylvar::SylvarRuntime::Client> client() const;
 
     /// The places for children. In a cooked scene some may turn out to be empty.
     virtual std::int64_t childCount() const = 0;
@@ -56,17 +59,19 @@ public:
     virtual SceneLocationPtr childNamed(const std::string& name) const = 0;
 
     /// Its own place below the location above; 0 for the top.
-    std::int64_t place() const { return place_; }
+    virtual std::int64_t place() const = 0;
 
 protected:
-    SceneLocation(GeometryProducerPtr producer, std::string name, std::int64_t place);
+    /// The location must not be the absent one.
+    explicit SceneLocation(Location location);
 
-    const GeometryProducerPtr& producer() const { return producer_; }
+    const Location& location() const { return location_; }
 
 private:
-    GeometryProducerPtr producer_;
-    std::string name_;
-    std::int64_t place_;
+    std::string text(const char* name) const;
+
+    Location location_;
+    GroupAttribute attributes_;  // asked for once, since every walk reads them
 };
 
 /// The top of a static scene, /root. A step costs the same whatever the place: each location has a
@@ -75,8 +80,8 @@ private:
 /// without attributes and without children, and so is a null group.
 SceneLocationPtr staticTopLocation(const GroupAttribute& scene);
 
-/// A location that a runtime cooks, as the top of what is walked: its neighbours are those of the
-/// producer, which must not be null.
-SceneLocationPtr cookedTopLocation(const GeometryProducerPtr& producer);
+/// A location that a runtime cooks, as the top of what is walked: its neighbours are those that the
+/// tables give. It must not be the absent one.
+SceneLocationPtr cookedTopLocation(Location location);
 
 }  // namespace ovscene

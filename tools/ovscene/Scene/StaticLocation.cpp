@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <OvSylvarProducers/ScenegraphIteratorHost.h>
 #include <OvSylvarProducers/StaticGeometryProducer.h>
 #include <SylvarPlatform/DelimiterCodec.h>
 
+#include "Scene/HostTables.h"
 #include "Scene/SceneLocation.h"
 
 #include <string_view>
@@ -16,21 +18,29 @@ GroupAttribute orEmpty(const GroupAttribute& group) {
     return group ? group : GroupAttribute({}, false);
 }
 
+/// The tables make no location of a group, but a producer does.
+Location locationOf(const std::string& name, const GroupAttribute& group) {
+    return hostScene().share(SYLVAR::OvGeometryProducerToHandle(
+        SYLVAR::CreateStaticGeometryProducer("/" + name, orEmpty(group), nullptr)));
+}
+
 class StaticLocation final : public SceneLocation {
 public:
-    StaticLocation(const std::string& name,
+    StaticLocation(std::string name,
                    const GroupAttribute& group,
                    GroupAttribute siblings,
                    std::int64_t place)
-        : SceneLocation(SYLVAR::CreateStaticGeometryProducer("/" + name, orEmpty(group), nullptr),
-                        name,
-                        place),
+        : SceneLocation(locationOf(name, group)),
+          name_(std::move(name)),
+          place_(place),
           children_(group.getChild<GroupAttribute>("c")),
           siblings_(std::move(siblings)) {}
 
+    std::string name() const override { return name_; }
+    std::int64_t place() const override { return place_; }
     std::int64_t childCount() const override { return children_.getNumberOfChildren(); }
     SceneLocationPtr childFrom(std::int64_t place) const override { return at(children_, place); }
-    SceneLocationPtr nextSibling() const override { return at(siblings_, place() + 1); }
+    SceneLocationPtr nextSibling() const override { return at(siblings_, place_ + 1); }
 
     SceneLocationPtr childNamed(const std::string& name) const override {
         for (std::int64_t i = 0; i < childCount(); ++i) {
@@ -57,6 +67,8 @@ private:
             place);
     }
 
+    std::string name_;
+    std::int64_t place_;
     GroupAttribute children_;
     GroupAttribute siblings_;
 };
