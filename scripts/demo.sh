@@ -48,5 +48,8 @@ echo
 say "Why the sails of its windmill turn"
 "$ovscene" why "$square" /root/world/hill/mill/sails xform.rotate --set SYLVAR_ASSET_PATH="$assets"
 
+say "Where its ball is in the render's picture"
+"$ovscene" camera "$square" /root/world/ball/sphere/untitled/pSphere1/pSphereShape1 --set SYLVAR_ASSET_PATH="$assets"
+
 say "The results are in $out"
 ls -l "$out"

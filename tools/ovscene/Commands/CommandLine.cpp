@@ -30,7 +30,7 @@ constexpr char kFooter[] =
     "  2  wrong usage\n"
     "  3  an input file is missing or unreadable\n"
     "  4  an input file is not understood\n"
-    "  5  no such location, attribute or op type\n"
+    "  5  no such location, attribute, op type, camera or resolution\n"
     "  6  the output cannot be written\n"
     "  7  a plug-in is missing or cannot be used\n"
     "  8  an asset cannot be imported\n"
@@ -65,6 +65,7 @@ void addCommands(CLI::App& app, Output& output, ServiceOptions& services) {
     addImportCommand(app, output);
     addTreeCommand(app, output);
     addAttrsCommand(app, output);
+    addCameraCommand(app, output);
     addStatsCommand(app, output);
     addWalkCommand(app, output);
     addRenderCommand(app, output);
