@@ -223,6 +223,17 @@ class Census(OpTreeCase):
         self.write_op_tree("unknown.json", odd=("nonesuch", {}))
         self.assertIn("1 locations, 1 levels, 0 points", self.census("unknown.json", "--log", "off"))
 
+    def test_a_static_scene_with_a_name_that_no_path_can_hold_has_an_error_there(self):
+        (self.folder / "slash.json").write_text(json.dumps(
+            {"format": "sylvar", "version": 1, "content": "static scene",
+             "root": {"c": {"set": {"c": {"a%2Fb": {}, "c": {}}}, "lamp": {}}}}))
+        for so in CENSUS:
+            with self.subTest(so.stem):
+                done = self.run_raw(*command(so, "slash.json"))
+                self.assertEqual(0, done.returncode)
+                self.assertIn(b"/root/set  -\n/root/lamp  -\n3 locations", done.stdout)
+                self.assertIn(b'/root/set: the child "a%2Fb" has a name that no path can hold', done.stderr)
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -21,7 +21,8 @@
 #include <variant>
 
 /// The scene of a host for plug-ins in C++17: the plain tables with ownership, ranges and types.
-/// A header alone: who includes it links nothing of ours.
+/// A header alone: who includes it links nothing of ours. It needs exceptions, since what a host
+/// throws ends here, but no run-time type information.
 ///
 ///     const Expected<Scene> scene = Scene::find(*host);
 ///     const Expected<Location> root = scene->openFile("demo.optree.json");
@@ -36,7 +37,7 @@
 /// - Any number of threads may call the const functions of one `Location`, `Attribute`, `Values` or
 ///   `Scene` at once, and copy or `share` it. What changes an object (an assignment, a move,
 ///   `detach`, a loop over a range) is for one thread that has it alone, as with a pointer.
-/// - Texts end at their first NUL; a null pointer reads as "".
+/// - A `Text` ends at its first NUL; a null pointer reads as "".
 namespace SYLVAR::Suites {
 
 /// What went wrong, for a person to read.
@@ -49,7 +50,8 @@ private:
     std::string message_;
 };
 
-/// A value, or why there is none.
+/// A value, or why there is none. True when nothing went wrong: a value that is empty in itself, as
+/// the location that a step did not find, is a value.
 template <class T>
 class [[nodiscard]] Expected {
 public:
@@ -151,6 +153,7 @@ public:
     /// The value at `index` of the sample nearest `time`, or `otherwise`.
     template <class T>
     T get(T otherwise, std::int64_t index = 0, float time = 0.0F) const;
+    std::string get(const char* otherwise, std::int64_t index = 0, float time = 0.0F) const;
 
     /// The sample nearest `time`, not copied; of two that are as near, the earlier one.
     template <class T>
@@ -314,6 +317,9 @@ public:
     explicit operator bool() const noexcept { return handle_ != nullptr; }
 
     /// @name Steps
+    /// What a step finds is asked for twice, whether it went well and whether it led anywhere:
+    ///
+    ///     if (const auto child = location.child("geo"); child && *child) { use(*child); }
     /// @{
     Expected<Location> firstChild(Evict evict = Evict::No) const;
     Expected<Location> nextSibling(Evict evict = Evict::No) const;
@@ -347,9 +353,13 @@ public:
     Attribute attributes() const;
     Values<const char*> attributeNames() const;
 
-    /// As the functions of `Attribute`: get<float>("info.weight", 1.0F).
+    /// As the functions of `Attribute`: get("info.weight", 1.0F), get("info.maker", "nobody").
     template <class T>
     T get(Text name, T otherwise, std::int64_t index = 0, float time = 0.0F) const;
+    std::string get(Text name,
+                    const char* otherwise,
+                    std::int64_t index = 0,
+                    float time = 0.0F) const;
     template <class T>
     Values<T> values(Text name, float time = 0.0F) const;
 
@@ -592,6 +602,10 @@ T Attribute::get(T otherwise, std::int64_t index, float time) const {
     }
 }
 
+inline std::string Attribute::get(const char* otherwise, std::int64_t index, float time) const {
+    return get(std::string(Text(otherwise).get()), index, time);
+}
+
 template <class T>
 Values<T> Attribute::values(float time) const {
     return samples<T>().nearest(time);
@@ -760,7 +774,7 @@ inline std::string Location::fullName() const {
 }
 
 inline std::string Location::type() const {
-    return get("type", std::string());
+    return get("type", "");
 }
 
 inline Attribute Location::attribute(Text name) const {
@@ -778,6 +792,13 @@ inline Values<const char*> Location::attributeNames() const {
 template <class T>
 T Location::get(Text name, T otherwise, std::int64_t index, float time) const {
     return attribute(name).get<T>(std::move(otherwise), index, time);
+}
+
+inline std::string Location::get(Text name,
+                                 const char* otherwise,
+                                 std::int64_t index,
+                                 float time) const {
+    return attribute(name).get(otherwise, index, time);
 }
 
 template <class T>

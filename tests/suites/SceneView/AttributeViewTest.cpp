@@ -82,6 +82,14 @@ TEST_F(AttributeView, GivesOneValueOfItsKindAndOtherwiseTheOtherOne) {
     EXPECT_EQ("none", Value().get<std::string>("none"));
 }
 
+TEST_F(AttributeView, GivesAStringWhereALiteralIsTheOtherOne) {
+    const std::string text = viewOf(StringAttribute("text")).get("none");
+    EXPECT_EQ("text", text);
+    EXPECT_EQ("none", viewOf(StringAttribute("text")).get("none", 1));
+    EXPECT_EQ("none", viewOf(IntAttribute(1)).get("none"));
+    EXPECT_EQ("", Value().get(static_cast<const char*>(nullptr)));
+}
+
 TEST_F(AttributeView, GivesTheOtherStringForOneThatIsNull) {
     tables.attributes.getNearestString =
         [](OvAttributeStruct* const*, std::int64_t, float, const char** value) {

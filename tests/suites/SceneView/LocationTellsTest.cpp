@@ -50,6 +50,8 @@ TEST_F(LocationTells, TypedValuesByTheDottedNamesOfAttributes) {
     const Location a = openA();
     EXPECT_EQ(2.0F, a.get("geometry.points", 0.0F, 1));
     EXPECT_EQ(7.0F, a.get<float>("geometry.none", 7));
+    EXPECT_EQ("none", a.get("geometry.none", "none"));
+    EXPECT_EQ(a.type(), a.get("type", "none"));
     EXPECT_THAT(a.values<float>("geometry.points"), ElementsAre(1, 2, 3));
     EXPECT_TRUE(a.values<double>("geometry.points").empty());
 }
