@@ -26,9 +26,11 @@
 ///
 ///     const Expected<Scene> scene = Scene::find(*host);
 ///     const Expected<Location> root = scene->openFile("demo.optree.json");
-///     for (const Location& child : root->children()) {
+///     Location::Children children = root->children();
+///     for (const Location& child : children) {
 ///         use(child.fullName(), child.values<float>("geometry.points"));
 ///     }
+///     if (children.error()) { ... }  // the loop ended before its time
 ///
 /// - What is not there is an empty value: a `Location`, an `Attribute` or `Values` that is false or
 ///   has no elements. It may be asked anything, and answers with more of the same.
