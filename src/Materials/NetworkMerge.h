@@ -27,7 +27,7 @@ private:
     void addParameters(const GroupAttribute& parameters);
 
     GroupAttribute renamedNode(const GroupAttribute& node, const std::string& name) const;
-    ChildList renamedConnections(const GroupAttribute& connections) const;
+    Attribute renamedConnections(const Attribute& connections) const;
 
     const std::vector<std::string>& terminals_;
     std::set<std::string> taken_;

@@ -91,11 +91,14 @@ TEST(MaterialSharing, OfAClassicMaterialAmongNetworksKeepsItsTypeAndParameters) 
         classic.getChildByName("surfaceParams"), node.getChildByName("parameters"), "parameters");
 }
 
-TEST(MaterialSharing, OfAMinimizedMaterialMakesItsInterfaceAlone) {
-    const GroupAttribute material = networks()[1];
+TEST(MaterialSharing, OfAMinimizedMaterialMakesTheGroupsThatAreCutAlone) {
+    const GroupAttribute material = writtenGroup(R"({
+        "style": "network", "nodes": {"a": {}}, "parameters": {"p": 1, "q": 2},
+        "interface": {"p": {"src": "a.x"}, "q": {"src": "a.y", "label": "Q"}}
+    })");
     const MadeAttributes made;
     const GroupAttribute result = MinimizeResolvedMaterialAttr(material);
     EXPECT_EQ(0, made.data());
-    // The result, its interface, and the one entry there.
+    // The result, its interface, and the entry with a label.
     EXPECT_EQ(3, made.groups());
 }

@@ -54,9 +54,29 @@ TEST(MinimizedMaterial, OfANetworkWithItsStyleAloneHasItsStyleAlone) {
                 IsWritten(R"({"style": "network"})"));
 }
 
-TEST(MinimizedMaterial, IsANewGroupAlsoWhenThereIsNothingToCut) {
-    const GroupAttribute material = writtenGroup(R"({"style": "network"})");
-    EXPECT_NE(material.handle(), MinimizeResolvedMaterialAttr(material).handle());
+TEST(MinimizedMaterial, OfANetworkWithNothingToCutIsTheSameGroup) {
+    for (const char* const text : {R"({"style": "network"})",
+                                   R"({"style": "network", "nodes": {}, "terminals": {}})",
+                                   R"({"style": "network", "nodes": {}, "parameters": {"p": 1},
+                                       "interface": {"p": {"src": "a.x"}}, "terminals": {}})"}) {
+        const GroupAttribute material = writtenGroup(text);
+        EXPECT_EQ(material.handle(), MinimizeResolvedMaterialAttr(material).handle()) << text;
+    }
+}
+
+TEST(MinimizedMaterial, IsANewGroupWhenItsOrderOrItsGroupInheritIsAnother) {
+    EXPECT_THAT(minimized(R"({"terminals": {}, "nodes": {}, "style": "network"})"),
+                IsWritten(R"({"style": "network", "nodes": {}, "terminals": {}})"));
+    EXPECT_THAT(minimized(R"({"$inherit": true, "style": "network"})"),
+                IsWritten(R"({"style": "network"})"));
+    EXPECT_THAT(minimized(R"({"style": "network", "parameters": {"p": 1, "q": 2},
+                              "interface": {"q": {"src": "a.x"}, "p": {"src": "a.y"}}})"),
+                IsWritten(R"({"style": "network", "parameters": {"p": 1, "q": 2},
+                              "interface": {"p": {"src": "a.y"}, "q": {"src": "a.x"}}})"));
+    EXPECT_THAT(minimized(R"({"style": "network", "parameters": {"p": 1},
+                              "interface": {"p": {"$inherit": true, "src": "a.x"}}})"),
+                IsWritten(R"({"style": "network", "parameters": {"p": 1},
+                              "interface": {"p": {"src": "a.x"}}})"));
 }
 
 TEST(MinimizedMaterial, KeepsAllValuesOfItsStyle) {
