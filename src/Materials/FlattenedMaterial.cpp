@@ -53,7 +53,8 @@ GroupAttribute GetFlattenedMaterialAttr(GeometryProducerPtr producer,
     if (const std::optional<GroupAttribute> remembered = cache.find(path)) {
         return *remembered;
     }
-    GroupAttribute material = GetFlattenedMaterialAttr(materialsOfChain(producer), terminals);
+    GroupAttribute material =
+        GetFlattenedMaterialAttr(materialsOfChain(std::move(producer)), terminals);
     cache.remember(std::move(path), material);
     return material;
 }

@@ -98,11 +98,10 @@ void NetworkMerge::addInterface(const GroupAttribute& interface) {
         const auto source = entry.getChild<StringAttribute>("src");
         TextPair nodeAndParameter;
         if (source && splitInTwo(textOf(source), ".", nodeAndParameter)) {
-            const auto& [node, parameter] = nodeAndParameter;
-            interface_.emplace_back(
-                interface.getChildName(i) + suffix_,
-                GroupAttribute({{"src", StringAttribute(node + suffix_ + "." + parameter)}},
-                               false));
+            std::string renamed = nodeAndParameter.first + suffix_;
+            renamed.append(".").append(nodeAndParameter.second);
+            interface_.emplace_back(interface.getChildName(i) + suffix_,
+                                    GroupAttribute({{"src", StringAttribute(renamed)}}, false));
         }
     }
 }
