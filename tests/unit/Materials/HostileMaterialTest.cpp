@@ -74,7 +74,7 @@ TEST(HostileMaterial, MayBeWide) {
 }
 
 TEST(HostileMaterial, MayShareItsChildrenMoreOftenThanCanBeCounted) {
-    readEverywhere(doublingAttribute(200));
+    readEverywhere(doublingAttribute(100));
 }
 
 TEST(HostileMaterial, MayHaveConnectionsThatRepeatTheirOwnPathAgainAndAgain) {
