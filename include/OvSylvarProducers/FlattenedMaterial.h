@@ -39,7 +39,8 @@ OV_SYLVAR_PRODUCERS_API void EmptyFlattenedMaterialCache();
 
 /// A network material with no other children than those that shading reads: "style", "nodes",
 /// "parameters", "interface" (of which an entry stays that has a "src" and a parameter of its name)
-/// and "terminals". A classic material, or null, is given as it stands. Pure; any thread.
+/// and "terminals". A classic material, or null, is given as it stands, and so is a network with
+/// nothing to cut. Pure; any thread.
 OV_SYLVAR_PRODUCERS_API GroupAttribute MinimizeResolvedMaterialAttr(const GroupAttribute& material);
 
 }  // namespace SYLVAR

@@ -6,6 +6,7 @@
 #include "Materials/NetworkMerge.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace SYLVAR {
 namespace {
@@ -47,13 +48,14 @@ GroupAttribute GetFlattenedMaterialAttr(const std::vector<GroupAttribute>& mater
 
 GroupAttribute GetFlattenedMaterialAttr(GeometryProducerPtr producer,
                                         const std::vector<std::string>& terminals) {
-    const std::string path = producer->getFullName();
+    std::string path = producer->getFullName();
     FlattenedMaterialCache& cache = flattenedMaterialCache();
     if (const std::optional<GroupAttribute> remembered = cache.find(path)) {
         return *remembered;
     }
-    GroupAttribute material = GetFlattenedMaterialAttr(materialsOfChain(producer), terminals);
-    cache.remember(path, material);
+    GroupAttribute material =
+        GetFlattenedMaterialAttr(materialsOfChain(std::move(producer)), terminals);
+    cache.remember(std::move(path), material);
     return material;
 }
 

@@ -3,6 +3,8 @@
 
 #include "Platform/Support/OnceBuilt.h"
 
+#include <utility>
+
 namespace SYLVAR {
 
 class OV_SCOPED_CAPABILITY FlattenedMaterialCache::Lock {
@@ -23,9 +25,9 @@ std::optional<FlattenedMaterialCache::GroupAttribute> FlattenedMaterialCache::fi
     return found == materials_.end() ? std::nullopt : std::optional(found->second);
 }
 
-void FlattenedMaterialCache::remember(const std::string& path, const GroupAttribute& material) {
+void FlattenedMaterialCache::remember(std::string path, const GroupAttribute& material) {
     const Lock lock(mutex_);
-    materials_.insert_or_assign(path, material);
+    materials_.insert_or_assign(std::move(path), material);
 }
 
 void FlattenedMaterialCache::empty() {

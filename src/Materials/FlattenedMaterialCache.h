@@ -23,7 +23,7 @@ public:
     std::optional<GroupAttribute> find(const std::string& path);
 
     /// In place of what is remembered already.
-    void remember(const std::string& path, const GroupAttribute& material);
+    void remember(std::string path, const GroupAttribute& material);
 
     void empty();
 

@@ -3,8 +3,29 @@
 
 #include "Materials/MaterialStyle.h"
 
+#include <algorithm>
+
 namespace SYLVAR {
 namespace {
+
+bool hasExactly(const GroupAttribute& group, const ChildList& children) {
+    if (group.getGroupInherit() ||
+        group.getNumberOfChildren() != static_cast<std::int64_t>(children.size())) {
+        return false;
+    }
+    std::int64_t i = 0;
+    return std::all_of(children.begin(), children.end(), [&](const GroupAttribute::Child& child) {
+        const bool isSame = group.getChildNameView(i) == child.first &&
+                            group.getChildByIndex(i).handle() == child.second.handle();
+        ++i;
+        return isSame;
+    });
+}
+
+/// The group of these children: the one that they come from, when there is nothing to cut.
+GroupAttribute groupOf(const ChildList& children, const GroupAttribute& original) {
+    return hasExactly(original, children) ? original : GroupAttribute(children, false);
+}
 
 void addGroup(ChildList& minimized, const GroupAttribute& material, const char* name) {
     const auto group = material.getChild<GroupAttribute>(name);
@@ -17,11 +38,11 @@ void addGroup(ChildList& minimized, const GroupAttribute& material, const char* 
 ChildList usedInterface(const GroupAttribute& parameters, const GroupAttribute& interface) {
     ChildList used;
     for (std::int64_t i = 0; i < parameters.getNumberOfChildren(); ++i) {
-        const std::string name = parameters.getChildName(i);
-        const auto source =
-            interface.getChild<GroupAttribute>(name).getChild<StringAttribute>("src");
+        const std::string_view name = parameters.getChildNameView(i);
+        const auto entry = interface.getChild<GroupAttribute>(name);
+        const auto source = entry.getChild<StringAttribute>("src");
         if (source) {
-            used.emplace_back(name, GroupAttribute({{"src", source}}, false));
+            used.emplace_back(name, groupOf({{"src", source}}, entry));
         }
     }
     return used;
@@ -36,7 +57,7 @@ void addParameters(ChildList& minimized, const GroupAttribute& material) {
     const auto interface = material.getChild<GroupAttribute>("interface");
     const ChildList used = usedInterface(parameters, interface);
     if (!used.empty()) {
-        minimized.emplace_back("interface", GroupAttribute(used, false));
+        minimized.emplace_back("interface", groupOf(used, interface));
     }
 }
 
@@ -46,11 +67,13 @@ GroupAttribute MinimizeResolvedMaterialAttr(const GroupAttribute& material) {
     if (!isNetworkMaterial(material)) {
         return material;
     }
-    ChildList minimized = {{"style", material.getChildByName("style")}};
+    ChildList minimized;
+    minimized.reserve(5);
+    minimized.emplace_back("style", material.getChildByName("style"));
     addGroup(minimized, material, "nodes");
     addParameters(minimized, material);
     addGroup(minimized, material, "terminals");
-    return GroupAttribute(minimized, false);
+    return groupOf(minimized, material);
 }
 
 }  // namespace SYLVAR

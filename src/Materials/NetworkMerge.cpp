@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Materials/NetworkMerge.h"
 
-#include <SylvarPlatform/GroupBuilder.h>
-
 namespace SYLVAR {
 namespace {
 
 using Sylvar3::internal::OvAttribute::castAttribute;
-using Sylvar3::internal::OvAttribute::GroupBuilder;
 
 void addUnlessEmpty(ChildList& material, const char* name, const ChildList& children) {
     if (!children.empty()) {
@@ -53,6 +50,7 @@ bool NetworkMerge::takeTerminals(const GroupAttribute& network) {
 }
 
 void NetworkMerge::addNodes(const GroupAttribute& nodes) {
+    nodes_.reserve(nodes_.size() + static_cast<std::size_t>(nodes.getNumberOfChildren()));
     for (std::int64_t i = 0; i < nodes.getNumberOfChildren(); ++i) {
         const auto node = castAttribute<GroupAttribute>(nodes.getChildByIndex(i));
         if (node) {
@@ -64,25 +62,34 @@ void NetworkMerge::addNodes(const GroupAttribute& nodes) {
 
 GroupAttribute NetworkMerge::renamedNode(const GroupAttribute& node,
                                          const std::string& name) const {
-    GroupBuilder renamed;
-    renamed.update(node);
-    const ChildList connections = renamedConnections(node.getChild<GroupAttribute>("connections"));
-    if (!connections.empty()) {
-        renamed.set("connections", GroupAttribute(connections, true));
+    ChildList keys;
+    node.fillChildVector(&keys);
+    bool isNamed = false;
+    for (auto& [key, value] : keys) {
+        if (key == "name") {
+            value = StringAttribute(name);
+            isNamed = true;
+        } else if (key == "connections") {
+            value = renamedConnections(value);
+        }
     }
-    return renamed.set("name", StringAttribute(name)).build();
+    if (!isNamed) {
+        keys.emplace_back("name", StringAttribute(name));
+    }
+    return GroupAttribute(keys, false);
 }
 
-/// The source of a connection ends in the name of its node.
-ChildList NetworkMerge::renamedConnections(const GroupAttribute& connections) const {
+/// The source of a connection ends in the name of its node. What is no group, or an empty one, is
+/// given as it stands.
+Attribute NetworkMerge::renamedConnections(const Attribute& connections) const {
     ChildList renamed;
-    connections.fillChildVector(&renamed);
+    castAttribute<GroupAttribute>(connections).fillChildVector(&renamed);
     for (auto& [name, source] : renamed) {
         if (source.getType() == StringAttribute::kType) {
             source = StringAttribute(textOf(castAttribute<StringAttribute>(source)) + suffix_);
         }
     }
-    return renamed;
+    return renamed.empty() ? connections : GroupAttribute(renamed, true);
 }
 
 void NetworkMerge::addInterface(const GroupAttribute& interface) {
@@ -91,16 +98,12 @@ void NetworkMerge::addInterface(const GroupAttribute& interface) {
         const auto source = entry.getChild<StringAttribute>("src");
         TextPair nodeAndParameter;
         if (source && splitInTwo(textOf(source), ".", nodeAndParameter)) {
-            interface_.emplace_back(
-                interface.getChildName(i) + suffix_,
-                GroupAttribute({{"src", renamedSource(nodeAndParameter)}}, false));
+            std::string renamed = nodeAndParameter.first + suffix_;
+            renamed.append(".").append(nodeAndParameter.second);
+            interface_.emplace_back(interface.getChildName(i) + suffix_,
+                                    GroupAttribute({{"src", StringAttribute(renamed)}}, false));
         }
     }
-}
-
-StringAttribute NetworkMerge::renamedSource(const TextPair& nodeAndParameter) const {
-    const auto& [node, parameter] = nodeAndParameter;
-    return StringAttribute(node + suffix_ + "." + parameter);
 }
 
 void NetworkMerge::addParameters(const GroupAttribute& parameters) {

@@ -27,8 +27,7 @@ private:
     void addParameters(const GroupAttribute& parameters);
 
     GroupAttribute renamedNode(const GroupAttribute& node, const std::string& name) const;
-    ChildList renamedConnections(const GroupAttribute& connections) const;
-    StringAttribute renamedSource(const TextPair& nodeAndParameter) const;
+    Attribute renamedConnections(const Attribute& connections) const;
 
     const std::vector<std::string>& terminals_;
     std::set<std::string> taken_;

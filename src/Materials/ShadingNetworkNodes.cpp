@@ -5,6 +5,8 @@
 
 #include <boost/smart_ptr/make_shared.hpp>
 
+#include <utility>
+
 namespace SYLVAR {
 namespace {
 
@@ -50,7 +52,8 @@ void ShadingNodeDescription::GetShadingNetworkNodes(const GroupAttribute& networ
 }
 
 void ShadingNodeDescription::GetShadingNetworkNodes(GeometryProducerPtr producer, Nodes& nodes) {
-    GetShadingNetworkNodes(castAttribute<GroupAttribute>(producer->getAttribute("material")),
+    const GeometryProducerPtr location = std::move(producer);
+    GetShadingNetworkNodes(castAttribute<GroupAttribute>(location->getAttribute("material")),
                            nodes);
 }
 

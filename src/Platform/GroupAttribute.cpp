@@ -1,12 +1,22 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/GroupAttribute.h>
 
+#include <boost/container/small_vector.hpp>
+
 namespace Sylvar3::internal::OvAttribute {
 
+namespace {
+
+/// Allocates nothing for as many children as most groups have.
+template <class T>
+using ForEachChild = boost::container::small_vector<T, 24>;
+
+}  // namespace
+
 GroupAttribute::GroupAttribute(const std::vector<Child>& children, bool groupInherit) {
-    std::vector<const char*> names;
-    std::vector<std::int32_t> lengths;
-    std::vector<OvAttributeStruct*> handles;
+    ForEachChild<const char*> names;
+    ForEachChild<std::int32_t> lengths;
+    ForEachChild<OvAttributeStruct*> handles;
     names.reserve(children.size());
     lengths.reserve(children.size());
     handles.reserve(children.size());

@@ -3,6 +3,7 @@
 
 #include <OvSylvarProducers/GeometryProducer.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -39,6 +40,9 @@ public:
     }
     SYLVAR::StringAttribute getPotentialChildren() override { return {}; }
     Attribute getAttribute(const char* name) override {
+        if (whenRead) {
+            whenRead();
+        }
         const auto found = attributes_.find(name);
         return found == attributes_.end() ? Attribute() : found->second;
     }
@@ -57,6 +61,7 @@ public:
     SYLVAR::GeometryProducerPtr getNextSibling(bool) override { return nullptr; }
 
     const std::shared_ptr<Steps> steps;
+    std::function<void()> whenRead;  ///< Called before an attribute is given.
 
 private:
     const std::string path_;

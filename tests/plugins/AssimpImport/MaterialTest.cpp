@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <OvSylvarProducers/ShadingNodeDescription.h>
+
 #include "plugins/AssimpImport/Importing.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace importing;
@@ -22,6 +25,19 @@ TEST(ImportedMaterial, IsANetworkWithASurface) {
     EXPECT_EQ("surface", stringOf(material, "material.terminals.surface"));
     EXPECT_EQ("surface", stringOf(material, kSurface + "name"));
     EXPECT_EQ("standard_surface", stringOf(material, kSurface + "type"));
+}
+
+TEST(ImportedMaterial, IsReadAsShadingNodes) {
+    SYLVAR::ShadingNodeDescription::Nodes nodes;
+    SYLVAR::ShadingNodeDescription::GetShadingNetworkNodes(
+        attributeOf<GroupAttribute>(paint(), "material"), nodes);
+    const auto& surface = nodes.at("surface");
+    EXPECT_EQ("standard_surface", surface->getType());
+    EXPECT_THAT(surface->getParameterNames(), testing::IsSupersetOf({"base_color", "metalness"}));
+    EXPECT_THAT(surface->getConnectionNames(), testing::IsSupersetOf({"base_color", "normal"}));
+    EXPECT_EQ("base_color_filter", surface->getConnection("base_color")->getConnectedNodeName());
+    EXPECT_EQ("multiply", nodes.at("base_color_filter")->getType());
+    EXPECT_TRUE(nodes.at("base_color_image")->getParameter("file"));
 }
 
 TEST(ImportedMaterial, HasItsParameters) {

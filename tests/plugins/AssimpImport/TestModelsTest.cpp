@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <OvSylvarProducers/FlattenedMaterial.h>
+#include <OvSylvarProducers/ShadingNodeDescription.h>
 #include <SylvarPlatform/AttributeFile.h>
 
 #include "plugins/AssimpImport/Importing.h"
@@ -86,6 +88,29 @@ void expectSoundCamera(const GroupAttribute& camera) {
     }
 }
 
+/// All of it is read as shading nodes, and there is nothing that shading does not read.
+void expectSoundMaterial(const GroupAttribute& material) {
+    EXPECT_EQ(material.handle(), SYLVAR::MinimizeResolvedMaterialAttr(material).handle());
+    SYLVAR::ShadingNodeDescription::Nodes nodes;
+    SYLVAR::ShadingNodeDescription::GetShadingNetworkNodes(material, nodes);
+    const auto described = material.getChild<GroupAttribute>("nodes");
+    EXPECT_EQ(static_cast<std::size_t>(described.getNumberOfChildren()), nodes.size());
+    const auto surface = material.getChild<StringAttribute>("terminals.surface");
+    EXPECT_EQ(1U, nodes.count(surface.getValue("")));
+    for (const auto& [name, node] : nodes) {
+        const auto group = described.getChild<GroupAttribute>(name);
+        EXPECT_EQ(static_cast<std::size_t>(
+                      group.getChild<GroupAttribute>("connections").getNumberOfChildren()),
+                  node->getConnectionNames().size());
+        for (const std::string& input : node->getConnectionNames()) {
+            const auto connection = node->getConnection(input);
+            EXPECT_EQ(input, connection->getName());
+            EXPECT_EQ("out", connection->getConnectedPortName());
+            EXPECT_EQ(1U, nodes.count(connection->getConnectedNodeName()));
+        }
+    }
+}
+
 void expectSoundLocation(const GroupAttribute& location) {
     const std::string type = stringOf(location, "type");
     EXPECT_THAT(type, testing::AnyOf("group", "mesh", "camera", "light", "material"));
@@ -98,6 +123,8 @@ void expectSoundLocation(const GroupAttribute& location) {
         expectSoundMesh(location);
     } else if (type == "camera") {
         expectSoundCamera(location);
+    } else if (type == "material") {
+        expectSoundMaterial(attributeOf<GroupAttribute>(location, "material"));
     }
 }
 
