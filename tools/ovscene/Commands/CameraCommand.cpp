@@ -5,10 +5,10 @@
 #include "Print/AttributeJson.h"
 #include "Print/AttributeText.h"
 #include "Print/JsonOutput.h"
+#include "Print/LocationHeading.h"
 #include "Print/NumberText.h"
 #include "Print/SafeText.h"
 #include "Print/Table.h"
-#include "Print/Terminal.h"
 #include "Scene/SceneErrors.h"
 #include "Scene/SceneFile.h"
 #include "Scene/SceneProducer.h"
@@ -72,13 +72,6 @@ void addLine(Table& table, const std::string& name, const std::vector<double>& v
     table.add(std::move(line));
 }
 
-void printHeading(const std::string& path, const std::string& type, Output& output) {
-    const Palette palette;
-    const std::string kind = safeText(type, kLongestName);
-    output.write(palette.bold(safeText(path)) + (kind.empty() ? "" : "  ") + palette.type(kind) +
-                 "\n\n");
-}
-
 void printMatrix(const std::string& title, const Imath::M44d& matrix, Output& output) {
     output.write("\n" + title + "\n");
     Table table(output);
@@ -109,7 +102,7 @@ void printLens(const CameraView& view, Output& output) {
 }
 
 void print(const CameraView& view, Output& output) {
-    printHeading(view.path, view.isRenders ? "the render's camera" : "a camera", output);
+    printLocationHeading(view.path, view.isRenders ? "the render's camera" : "a camera", output);
     printLens(view, output);
     printMatrix("camera to world", view.info->xform, output);
     printMatrix("projection, width by height " + numberText(view.picture.aspect()),
@@ -120,7 +113,7 @@ void print(const CameraView& view, Output& output) {
 void print(const SeenLocation& seen, Output& output) {
     const ScreenPlace& place = seen.place;
     output.put('\n');
-    printHeading(seen.path, seen.type, output);
+    printLocationHeading(seen.path, seen.type, output);
     Table table(output);
     table.add({Cell::left("in the picture"), Cell::number("from"), Cell::number("to")});
     addLine(table, "  x", {place.normalised.min.x, place.normalised.max.x});

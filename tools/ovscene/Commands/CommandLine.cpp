@@ -30,7 +30,8 @@ constexpr char kFooter[] =
     "  2  wrong usage\n"
     "  3  an input file is missing or unreadable\n"
     "  4  an input file is not understood\n"
-    "  5  no such location, attribute, op type, camera or resolution\n"
+    "  5  no such location, attribute, op type, camera, resolution\n"
+    "     or material\n"
     "  6  the output cannot be written\n"
     "  7  a plug-in is missing or cannot be used\n"
     "  8  an asset cannot be imported\n"
@@ -66,6 +67,7 @@ void addCommands(CLI::App& app, Output& output, ServiceOptions& services) {
     addTreeCommand(app, output);
     addAttrsCommand(app, output);
     addCameraCommand(app, output);
+    addMaterialCommand(app, output);
     addStatsCommand(app, output);
     addWalkCommand(app, output);
     addRenderCommand(app, output);

@@ -13,6 +13,7 @@ void addImportCommand(CLI::App& app, Output& output);
 void addTreeCommand(CLI::App& app, Output& output);
 void addAttrsCommand(CLI::App& app, Output& output);
 void addCameraCommand(CLI::App& app, Output& output);
+void addMaterialCommand(CLI::App& app, Output& output);
 void addStatsCommand(CLI::App& app, Output& output);
 void addWalkCommand(CLI::App& app, Output& output);
 void addRenderCommand(CLI::App& app, Output& output);
