@@ -28,7 +28,9 @@ find_program(OV_CCACHE ccache)
 if(OV_CCACHE)
   foreach(language C CXX)
     if(NOT CMAKE_${language}_COMPILER_LAUNCHER)
-      set(CMAKE_${language}_COMPILER_LAUNCHER "${OV_CCACHE}")
+      # Precompiled headers take these to be found in the cache.
+      set(CMAKE_${language}_COMPILER_LAUNCHER
+        "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros "${OV_CCACHE}")
     endif()
   endforeach()
 endif()

@@ -109,6 +109,16 @@ function(ov_link_libraries target internals)
   endif()
 endfunction()
 
+# ov_test_headers(): what every test includes is compiled once. For g++ alone: the other compiler shows what a test
+# forgets to include, and its precompiled headers cannot be kept in a cache.
+function(ov_test_headers)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_executable(ov_test_headers "${PROJECT_SOURCE_DIR}/tests/support/PrecompiledHeaders.cpp")
+    target_link_libraries(ov_test_headers PRIVATE ov_warnings GTest::gmock GTest::gtest Threads::Threads)
+    target_precompile_headers(ov_test_headers PRIVATE "$<$<COMPILE_LANGUAGE:CXX>:<gmock/gmock.h$<ANGLE-R>>")
+  endif()
+endfunction()
+
 # ov_test(<name> [INTERNALS] [AS_ONE] [LINK <targets>] <sources...>): one test program; its label is the folder
 # of tests/ that it stands in.  What stands in tests/unit, or says INTERNALS, sees the private headers.  Each
 # test of it is one for ctest, or with AS_ONE, when they share long work, all of them together.
@@ -127,6 +137,9 @@ function(ov_test name)
     OV_TEST_OUTPUT_DIR="${CMAKE_CURRENT_BINARY_DIR}")
   ov_link_libraries(${target} "${arg_INTERNALS}")
   target_link_libraries(${target} PRIVATE ${arg_LINK} GTest::gmock GTest::gtest_main Threads::Threads)
+  if(TARGET ov_test_headers)
+    target_precompile_headers(${target} REUSE_FROM ov_test_headers)
+  endif()
   if(TARGET AssimpImport)
     add_dependencies(${target} AssimpImport)
   endif()

@@ -25,7 +25,7 @@ std::size_t usesOf(const Attribute& attribute) {
     Attribute copy = attribute;
     copy = attribute;
     std::size_t uses = copy.kind() == Kind::Group ? 1 : 0;
-    uses += static_cast<std::size_t>(copy.get(0) + copy.get(std::string()).size());
+    uses += static_cast<std::size_t>(copy.get(0)) + copy.get(std::string()).size();
     uses += static_cast<std::size_t>(copy.get(0.0F) + copy.get(0.0));
     uses += copy.values<float>().size() + copy.samples<double>().size();
     uses += static_cast<std::size_t>(copy.tupleSize() + copy.childCount());
