@@ -65,6 +65,7 @@ void addCommands(CLI::App& app, Output& output, ServiceOptions& services) {
     addImportCommand(app, output);
     addTreeCommand(app, output);
     addAttrsCommand(app, output);
+    addArgsCommand(app, output);
     addStatsCommand(app, output);
     addWalkCommand(app, output);
     addRenderCommand(app, output);
