@@ -20,7 +20,6 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace ovscene {
@@ -137,16 +136,16 @@ void addContextOptions(CLI::App& command, ArgsOptions& options) {
     command.add_option("--crop", options.crop, "The crop window; 0,1,0,1 by default")
         ->check(isNumberList(4))
         ->option_text("L,R,B,T");
-    for (const auto& [name, size] :
-         {std::make_pair("--xres", &options.xres), std::make_pair("--yres", &options.yres)}) {
-        command
-            .add_option(name,
-                        *size,
-                        "The picture in pixels; that of the render\n"
-                        "settings by default. Style 2 alone tells it")
-            ->check(isCountUpTo(std::numeric_limits<int>::max()))
-            ->option_text("N");
-    }
+    command
+        .add_option("--xres",
+                    options.xres,
+                    "The picture's width in pixels, told by style 2\n"
+                    "alone; as the render settings say by default")
+        ->check(isCountUpTo(std::numeric_limits<int>::max()))
+        ->option_text("N");
+    command.add_option("--yres", options.yres, "The same for its height")
+        ->check(isCountUpTo(std::numeric_limits<int>::max()))
+        ->option_text("N");
 }
 
 }  // namespace
