@@ -4,6 +4,9 @@
 #include <SylvarPlatform/AssetPlugin.h>
 #include <SylvarPlatform/SampleAccessor.h>
 
+#include "Procedurals/NumberWriter.h"
+
+#include <cstdint>
 #include <optional>
 
 namespace SYLVAR {
@@ -26,7 +29,8 @@ void writeNumbers(std::ostream& stream, const std::string& name, const NumberAtt
     }
     writeName(stream, name);
     for (const auto* value = values.begin(); value != values.end(); ++value) {
-        stream << (value == values.begin() ? "" : " ") << static_cast<Written>(*value);
+        stream << (value == values.begin() ? "" : " ");
+        WriteNumber(stream, static_cast<Written>(*value));
     }
 }
 

@@ -4,8 +4,8 @@
 
 #include "Procedurals/ArgumentWriters.h"
 #include "Procedurals/CameraInfoRequest.h"
+#include "Procedurals/NumberWriter.h"
 
-#include <locale>
 #include <sstream>
 #include <vector>
 
@@ -20,10 +20,7 @@ public:
     ArgumentLine(const GeometryProducerPtr& producer,
                  int frame,
                  ProceduralErrorCallback errorCallback)
-        : producer_(producer), frame_(frame), errorCallback_(errorCallback) {
-        stream_.imbue(std::locale::classic());
-        stream_.precision(12);
-    }
+        : producer_(producer), frame_(frame), errorCallback_(errorCallback) {}
 
     void add(const std::string& name, const Attribute& value) {
         switch (value.getType()) {
@@ -57,12 +54,14 @@ public:
     }
 
     void addContext(const ProceduralOutputContextInfo& context) {
-        stream_ << " -frame " << context.frame;
-        stream_ << " -shutter " << static_cast<double>(context.shutterOpen) << ' '
-                << static_cast<double>(context.shutterClose);
+        stream_ << " -frame ";
+        WriteNumber(stream_, context.frame);
+        stream_ << " -shutter";
+        addValue(context.shutterOpen);
+        addValue(context.shutterClose);
         stream_ << " -cropwindow";
         for (const float edge : context.cropWindow) {
-            stream_ << ' ' << static_cast<double>(edge);
+            addValue(edge);
         }
     }
 
@@ -77,6 +76,11 @@ private:
 
     void addFloat(const char* name, float value) {
         WriteFloatArgument(stream_, name, FloatAttribute(value));
+    }
+
+    void addValue(float value) {
+        stream_ << ' ';
+        WriteNumber(stream_, static_cast<double>(value));
     }
 
     std::ostringstream stream_;

@@ -136,6 +136,9 @@ void writeAll() {
     write(deepScene(10000), AttributeContent::StaticScene, "deep.optree");
     write(wideScene(100000), AttributeContent::StaticScene, "wide.optree");
     write(sharedScene(60), AttributeContent::StaticScene, "shared.optree");
+    write(location({{"arguments", GroupAttribute({{"args", sharedScene(60)}}, false)}}),
+          AttributeContent::StaticScene,
+          "shared_args.optree");
     write(
         location({{"deep", deepAttribute(5000)}}), AttributeContent::StaticScene, "nested.optree");
     write(FloatAttribute({0, 1, 2, 3, 4, 5}, 3), AttributeContent::Attribute, "data.optree");

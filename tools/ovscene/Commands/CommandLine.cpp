@@ -66,6 +66,7 @@ void addCommands(CLI::App& app, Output& output, ServiceOptions& services) {
     addImportCommand(app, output);
     addTreeCommand(app, output);
     addAttrsCommand(app, output);
+    addArgsCommand(app, output);
     addCameraCommand(app, output);
     addMaterialCommand(app, output);
     addStatsCommand(app, output);

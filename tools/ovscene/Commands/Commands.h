@@ -12,6 +12,7 @@ namespace ovscene {
 void addImportCommand(CLI::App& app, Output& output);
 void addTreeCommand(CLI::App& app, Output& output);
 void addAttrsCommand(CLI::App& app, Output& output);
+void addArgsCommand(CLI::App& app, Output& output);
 void addCameraCommand(CLI::App& app, Output& output);
 void addMaterialCommand(CLI::App& app, Output& output);
 void addStatsCommand(CLI::App& app, Output& output);

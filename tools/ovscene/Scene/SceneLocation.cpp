@@ -18,8 +18,12 @@ OvAttribute::Attribute SceneLocation::attribute(const std::string& name) const {
     return OvAttribute::Attribute::adopt(location_.attribute(name).detach());
 }
 
+SYLVAR::GeometryProducerPtr SceneLocation::producer() const {
+    return SYLVAR::OvHandleToGeometryProducer(location_.handle());
+}
+
 std::shared_ptr<Sylvar3::internal::OvSylvar::SylvarRuntime::Client> SceneLocation::client() const {
-    return SYLVAR::OvHandleToGeometryProducer(location_.handle())->getClient();
+    return producer()->getClient();
 }
 
 std::string SceneLocation::text(const char* name) const {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <OvSylvarProducers/GeometryProducer.h>
 #include <OvSylvarProducers/suites/Scene.hpp>
 #include <SylvarPlatform/GroupAttribute.h>
 #include <SylvarPlatform/SylvarRuntime.h>
@@ -42,6 +43,10 @@ public:
     /// What is wrong with the location, from its string attribute "errorMessage"; empty when
     /// nothing is.
     std::string errorMessage() const { return text("errorMessage"); }
+
+    /// What the library's own functions take for it. That of a static scene knows no locations
+    /// above it, and has its name alone for a path.
+    SYLVAR::GeometryProducerPtr producer() const;
 
     /// The client of the runtime with which the calling thread cooks; empty for a static scene.
     std::shared_ptr<Sylvar3::internal::OvSylvar::SylvarRuntime::Client> client() const;

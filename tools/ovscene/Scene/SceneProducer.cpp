@@ -7,8 +7,8 @@
 
 #include "ExitStatus.h"
 
+#include <cstdint>
 #include <sstream>
-#include <vector>
 
 namespace ovscene {
 namespace {
@@ -18,21 +18,37 @@ using SYLVAR::GeometryProducerPtr;
 
 constexpr char kTopPath[] = "/root";
 
-/// Static scenes store names encoded, and read a dot as a step into a group; cooked ones take names
-/// as they read.
-std::vector<std::string> spellings(const SceneFile& file, const std::string& name) {
-    if (file.content == AttributeContent::StaticScene) {
-        const bool hasDot = name.find('.') != std::string::npos;
-        return {hasDot ? OvAttribute::DelimiterEncode(name) : name,
-                OvAttribute::DelimiterEncode(name)};
+/// The child of that name, decoded or encoded; one that is no group is a location without anything.
+GroupAttribute childNamed(const GroupAttribute& location, const std::string& name) {
+    const auto children = location.getChild<GroupAttribute>("c");
+    std::int64_t place = 0;
+    while (place < children.getNumberOfChildren() && children.getChildName(place) != name &&
+           OvAttribute::DelimiterDecode(children.getChildName(place)) != name) {
+        ++place;
     }
-    return {name, OvAttribute::DelimiterDecode(name)};
+    const auto child = OvAttribute::castAttribute<GroupAttribute>(children.getChildByIndex(place));
+    return child ? child : GroupAttribute({}, false);
 }
 
-GeometryProducerPtr childNamed(const SceneFile& file,
-                               const GeometryProducerPtr& parent,
-                               const std::string& name) {
-    for (const std::string& spelling : spellings(file, name)) {
+/// Where a producer's own steps do not lead: they take no name that is stored with a dot in it.
+class StaticSteps {
+public:
+    explicit StaticSteps(const SceneFile& file)
+        : location_(OvAttribute::castAttribute<GroupAttribute>(file.attribute)) {}
+
+    GeometryProducerPtr operator()(const GeometryProducerPtr& parent, const std::string& name) {
+        location_ = childNamed(location_, name);
+        return SYLVAR::CreateStaticGeometryProducer(
+            parent->getFullName() + "/" + name, location_, parent);
+    }
+
+private:
+    GroupAttribute location_;
+};
+
+/// Cooked scenes take names as they read.
+GeometryProducerPtr cookedStep(const GeometryProducerPtr& parent, const std::string& name) {
+    for (const std::string& spelling : {name, OvAttribute::DelimiterDecode(name)}) {
         const bool isOneStep = spelling.find('/') == std::string::npos;
         if (GeometryProducerPtr child =
                 isOneStep ? parent->getChildByName(spelling.c_str(), false) : nullptr) {
@@ -40,6 +56,19 @@ GeometryProducerPtr childNamed(const SceneFile& file,
         }
     }
     return nullptr;
+}
+
+/// The end of the way from the top down a path; null when a step leads nowhere.
+template <class Step>
+GeometryProducerPtr followed(const GeometryProducerPtr& top, const std::string& path, Step step) {
+    std::istringstream names(path.substr(path.rfind('/', 0) == 0 ? 1 : 0));
+    std::string name;
+    std::getline(names, name, '/');  // the top's own
+    GeometryProducerPtr here = top;
+    while (here && std::getline(names, name, '/')) {
+        here = step(here, name);
+    }
+    return here;
 }
 
 }  // namespace
@@ -58,17 +87,11 @@ GeometryProducerPtr topProducer(const SceneFile& file) {
 GeometryProducerPtr producerAt(const SceneFile& file,
                                const GeometryProducerPtr& top,
                                const std::string& path) {
-    std::istringstream names(path.substr(path.rfind('/', 0) == 0 ? 1 : 0));
-    std::string name;
-    std::getline(names, name, '/');
-    GeometryProducerPtr here = top;
-    while (here && std::getline(names, name, '/')) {
-        here = childNamed(file, here, name);
-    }
+    const bool isStatic = file.content == AttributeContent::StaticScene;
+    const GeometryProducerPtr here =
+        isStatic ? followed(top, path, StaticSteps(file)) : followed(top, path, cookedStep);
     if (!here) {
-        throw CommandError(ExitStatus::NotFound,
-                           file.name + ": " + path + " cannot be looked at: the scene stores '" +
-                               name + "' otherwise than encoded");
+        throw CommandError(ExitStatus::NotFound, file.name + ": no location " + path);
     }
     return here;
 }

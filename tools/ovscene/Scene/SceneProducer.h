@@ -13,8 +13,8 @@ namespace ovscene {
 /// The top location, /root. Never null; throws as `topLocation` does.
 SYLVAR::GeometryProducerPtr topProducer(const SceneFile& file);
 
-/// The location at a path that `findLocation` knows. Throws NotFound for a static scene that stores
-/// a name on the way with a dot as it stands, which no producer can step to.
+/// The location at a path that `findLocation` knows, with all locations above it, up to the top.
+/// Throws NotFound when it is not there after all.
 SYLVAR::GeometryProducerPtr producerAt(const SceneFile& file,
                                        const SYLVAR::GeometryProducerPtr& top,
                                        const std::string& path);
