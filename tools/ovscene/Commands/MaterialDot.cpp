@@ -77,7 +77,7 @@ private:
             return idOf(node);
         }
         const auto [missing, isNew] = missing_.emplace(node, missing_.size());
-        const std::string id = "m" + std::to_string(missing->second);
+        std::string id = "m" + std::to_string(missing->second);
         if (isNew) {
             output_.write("  " + id + " [label=\"" + labelText(node) +
                           "\\n(no such node)\", style=dashed];\n");

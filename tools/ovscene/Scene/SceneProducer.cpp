@@ -88,7 +88,7 @@ GeometryProducerPtr producerAt(const SceneFile& file,
                                const GeometryProducerPtr& top,
                                const std::string& path) {
     const bool isStatic = file.content == AttributeContent::StaticScene;
-    const GeometryProducerPtr here =
+    GeometryProducerPtr here =
         isStatic ? followed(top, path, StaticSteps(file)) : followed(top, path, cookedStep);
     if (!here) {
         throw CommandError(ExitStatus::NotFound, file.name + ": no location " + path);
