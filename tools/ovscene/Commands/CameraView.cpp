@@ -117,7 +117,7 @@ std::string fullPath(const SceneFile& file,
                      const GeometryProducerPtr& top,
                      const std::string& path) {
     findLocation(topLocation(file), path, file.name);
-    return producerAt(file, top, path)->getFullName();
+    return steppedPath(file, top, path);
 }
 
 }  // namespace

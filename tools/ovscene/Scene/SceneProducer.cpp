@@ -96,4 +96,19 @@ GeometryProducerPtr producerAt(const SceneFile& file,
     return here;
 }
 
+std::string steppedPath(const SceneFile& file,
+                        const GeometryProducerPtr& top,
+                        const std::string& path) {
+    if (file.content != AttributeContent::StaticScene) {
+        return producerAt(file, top, path)->getFullName();
+    }
+    std::string stepped = top->getFullName();
+    followed(top, path, [&stepped](const GeometryProducerPtr& here, const std::string& name) {
+        const bool hasDot = name.find('.') != std::string::npos;
+        stepped.append("/").append(hasDot ? OvAttribute::DelimiterEncode(name) : name);
+        return here;
+    });
+    return stepped;
+}
+
 }  // namespace ovscene

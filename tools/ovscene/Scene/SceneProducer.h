@@ -19,4 +19,10 @@ SYLVAR::GeometryProducerPtr producerAt(const SceneFile& file,
                                        const SYLVAR::GeometryProducerPtr& top,
                                        const std::string& path);
 
+/// The path of that location as the producers' own steps find it from the top: those of a static
+/// scene take a dot for a step into a group, so a name with one is encoded. Throws as above.
+std::string steppedPath(const SceneFile& file,
+                        const SYLVAR::GeometryProducerPtr& top,
+                        const std::string& path);
+
 }  // namespace ovscene
