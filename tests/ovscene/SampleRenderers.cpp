@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdio>
+#include <memory>
 #include <stdexcept>
 
 namespace {
@@ -68,8 +69,10 @@ std::int32_t throwNumber(const OvRenderJob* /*job*/) {
 }
 
 std::int32_t stepTooDeep(const OvRenderJob* job) {
-    OvSgIteratorStruct* const root = scene->sgCreateRootFromFile(job->opTreeFile);
-    scene->sgGetChildByName(root, "a/b", 0);
+    const auto release = [](OvSgIteratorStruct* iterator) { scene->sgRelease(iterator); };
+    const std::unique_ptr<OvSgIteratorStruct, decltype(release)> root(
+        scene->sgCreateRootFromFile(job->opTreeFile), release);
+    scene->sgGetChildByName(root.get(), "a/b", 0);
     return 0;
 }
 
