@@ -59,9 +59,9 @@ OV_SYLVAR_PRODUCERS_API void ConvertPointListToNDC(GeometryProducerPtr producer,
 /// behind the camera count like others. Width and height lose their fractions; one that no int
 /// holds is the nearest that one does, and 0 when it is no number. At time 0.
 ///
-/// 0 when there is no such camera, no resolution table, or no such name in it. Throws
-/// `std::runtime_error`, "Cannot get bounds attribute on " and the producer's path, when "bound" is
-/// no double attribute of 6 values. The producer must not be null.
+/// 0 for a null producer, and when there is no such camera, no resolution table, or no such name in
+/// it. Throws `std::runtime_error`, "Cannot get bounds attribute on " and the producer's path, when
+/// "bound" is no double attribute of 6 values.
 OV_SYLVAR_PRODUCERS_API int GetPixelAreaThroughCamera(GeometryProducerPtr producer,
                                                       const std::string& cameraPath,
                                                       const std::string& resolutionName);

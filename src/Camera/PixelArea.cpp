@@ -128,7 +128,7 @@ int product(int a, int b) {
 int GetPixelAreaThroughCamera(GeometryProducerPtr producer,
                               const std::string& cameraPath,
                               const std::string& resolutionName) {
-    const auto info = GetCameraInfo(producer->getRootProducer(), cameraPath);
+    const auto info = producer ? GetCameraInfo(producer->getRootProducer(), cameraPath) : nullptr;
     if (!info) {
         return 0;
     }
