@@ -107,8 +107,9 @@ TEST_F(LocationDelegateKey, TypesAreListedByRenderer) {
 
 TEST_F(LocationDelegateKey, TypesMayReplaceTheNameThatTheyAreAskedWith) {
     search({"first"});
-    script("Delta", {"mesh"}, "ray");
-    std::vector<std::string> types = {"ray"};
+    const std::string renderer = "a renderer of a name that lies on the heap";
+    script("Delta", {"mesh"}, renderer);
+    std::vector<std::string> types = {renderer};
     Cache::getLocationTypesWithDelegates(types, types.front());
     EXPECT_THAT(types, ElementsAre("mesh"));
 }

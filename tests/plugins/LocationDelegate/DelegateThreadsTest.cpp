@@ -93,7 +93,10 @@ TEST_F(DelegateThreads, ThatComeDuringTheWalkWaitForItsEnd) {
             mayGoOn.wait();
         }
     };
-    std::thread walker([] { Cache::initializeCache(); });
+    std::thread walker([] {
+        Cache::initializeCache();
+        isUnderWay.open();
+    });
     isUnderWay.wait();
     std::array<Asker, kThreads> askers;
     for (Asker& asker : askers) {

@@ -67,7 +67,9 @@ TEST_F(ProcessLocationDelegate, CallsTheDelegateWithoutAPlaceForTheResult) {
     search({"first"});
     ScriptedDelegate& delta = script("Delta", {"mesh"}, "ray");
     delta.instance = opaque<void>();
-    EXPECT_TRUE(table().processLocationDelegate(nullptr, "ray", "mesh", nullptr, nullptr));
+    auto* const input = opaque<void>();
+    EXPECT_TRUE(table().processLocationDelegate(nullptr, "ray", "mesh", input, nullptr));
+    EXPECT_EQ(input, delta.input);
     EXPECT_STREQ("ctrcp", delta.calls);
 }
 
