@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <SylvarPlatform/PluginManager.h>
 #include <SylvarPlatform/suites/LocationDelegate.h>
 #include <SylvarPlatform/suites/Plugin.h>
 
 #include "suites/RenderOutputView/RenderOutputViewTest.h"
+#include "support/InProcessPlugin.h"
 
 #include <stdexcept>
 

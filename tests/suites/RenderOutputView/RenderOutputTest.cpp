@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <SylvarPlatform/PluginManager.h>
 #include <SylvarPlatform/suites/Plugin.h>
 
 #include "suites/RenderOutputView/RenderOutputViewTest.h"
+#include "support/InProcessPlugin.h"
 
 #include <functional>
 #include <new>
@@ -69,9 +69,7 @@ OvPluginStruct cachingPlugin = {sizeof(OvPluginStruct),
                                 [] { ++flushed; }};
 
 TEST_F(RenderOutputView, HasPluginsDropTheirCaches) {
-    using Sylvar3::internal::OvPluginManager::PluginManager;
-    using Sylvar3::internal::OvPluginManager::PluginPlace;
-    ASSERT_EQ("", PluginManager::registerPlugin(&cachingPlugin, PluginPlace::AfterDirectories));
+    ASSERT_EQ("", ovtest::registerPlugin(cachingPlugin));
     EXPECT_TRUE(output.flushPluginCaches("Nonesuch"));
     EXPECT_EQ(0, flushed);
     EXPECT_TRUE(output.flushPluginCaches("RenderOutputViewTest"));

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <OvSylvarProducers/CameraInfo.h>
-#include <OvSylvarProducers/FlattenedMaterial.h>
 #include <OvSylvarProducers/suites/RenderOutput.hpp>
 
 #include "suites/RenderOutputView/CountedRenderOutput.h"
 #include "suites/SceneView/SceneViewTest.h"
+#include "support/FreshCaches.h"
 #include "support/WrittenAttributes.h"
 
 #include <string>
@@ -20,10 +19,7 @@ class RenderOutputViewTest : public SceneViewTest {
 protected:
     using RenderOutput = SYLVAR::Suites::RenderOutput;
 
-    RenderOutputViewTest() {
-        SYLVAR::ClearCameraInfoCache();
-        SYLVAR::EmptyFlattenedMaterialCache();
-    }
+    RenderOutputViewTest() { emptySceneCaches(); }
     ~RenderOutputViewTest() override {
         EXPECT_EQ(0U, CountedRenderOutput::handles().open());
         EXPECT_EQ(0, CountedRenderOutput::handles().excess());
