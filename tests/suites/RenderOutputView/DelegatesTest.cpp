@@ -6,6 +6,7 @@
 #include "support/InProcessPlugin.h"
 
 #include <stdexcept>
+#include <string>
 
 namespace {
 
@@ -44,9 +45,8 @@ class Delegates : public ovtest::RenderOutputViewTest {
 protected:
     /// Before anybody asks for delegates: it is known for the life of the process.
     static void SetUpTestSuite() {
-        using Sylvar3::internal::OvPluginManager::PluginManager;
-        using Sylvar3::internal::OvPluginManager::PluginPlace;
-        EXPECT_EQ("", PluginManager::registerPlugin(&plugin, PluginPlace::AfterDirectories));
+        static const std::string refused = ovtest::registerPlugin(plugin);
+        EXPECT_EQ("", refused);
     }
 
     Delegates() { fake.at("/root"); }

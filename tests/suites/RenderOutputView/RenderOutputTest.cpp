@@ -69,7 +69,9 @@ OvPluginStruct cachingPlugin = {sizeof(OvPluginStruct),
                                 [] { ++flushed; }};
 
 TEST_F(RenderOutputView, HasPluginsDropTheirCaches) {
-    ASSERT_EQ("", ovtest::registerPlugin(cachingPlugin));
+    static const std::string refused = ovtest::registerPlugin(cachingPlugin);
+    ASSERT_EQ("", refused);
+    flushed = 0;
     EXPECT_TRUE(output.flushPluginCaches("Nonesuch"));
     EXPECT_EQ(0, flushed);
     EXPECT_TRUE(output.flushPluginCaches("RenderOutputViewTest"));
