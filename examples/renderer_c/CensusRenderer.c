@@ -61,10 +61,15 @@ static void giveBack(OvAttributeStruct* attribute) {
     }
 }
 
-/* The text of a string attribute, good for as long as the attribute is held; "-" for none. */
+/* The text of a string attribute, good for as long as the attribute is held; "" for none. */
 static const char* textOf(OvAttributeStruct* attribute) {
     const char* text = "";
     attributes->getNearestString(&attribute, 0, 0, &text);
+    return text;
+}
+
+static const char* shown(OvAttributeStruct* attribute) {
+    const char* const text = textOf(attribute);
     return *text ? text : "-";
 }
 
@@ -88,7 +93,7 @@ static void printResolution(OvSgIteratorStruct* root, FILE* file) {
     int width = 0;
     int height = 0;
     OvAttributeStruct* const name = output->getRenderResolution(root, &width, &height);
-    fprintf(file, "resolution %s: %d x %d\n", textOf(name), width, height);
+    fprintf(file, "resolution %s: %d x %d\n", shown(name), width, height);
     giveBack(name);
 }
 
@@ -97,9 +102,9 @@ static void printCamera(OvSgIteratorStruct* root, FILE* file) {
     CameraInfoStruct* const camera = output->getCameraInfo(root, textOf(path));
     if (camera) {
         const double fov = output->getCameraFov(camera);
-        fprintf(file, "camera %s: %g degrees\n", textOf(path), fov);
+        fprintf(file, "camera %s: %g degrees\n", shown(path), fov);
     } else {
-        fprintf(file, "camera %s: none\n", textOf(path));
+        fprintf(file, "camera %s: none\n", shown(path));
     }
     output->releaseCameraInfo(camera); /* which does nothing for null */
     giveBack(path);
@@ -111,7 +116,7 @@ static int printOutput(OvSgIteratorStruct* root, FILE* file, const char* start, 
     if (name) {
         OvAttributeStruct* const place =
             output->getRenderOutputTempLocation(root, name, name, "exr", FRAME);
-        fprintf(file, "output %s: %s\n", name, textOf(place));
+        fprintf(file, "output %s: %s\n", name, shown(place));
         giveBack(place);
     }
     free(name);
@@ -270,14 +275,14 @@ static void countMaterial(Census* census, OvSgIteratorStruct* location) {
 
 static void printLine(const Census* census, OvSgIteratorStruct* location, const char* type) {
     OvAttributeStruct* const path = scene->sgGetFullName(location);
-    fprintf(census->file, "%s  %s\n", textOf(path), type);
+    fprintf(census->file, "%s  %s\n", shown(path), type);
     giveBack(path);
 }
 
 /* 0 when memory runs out. */
 static int visit(Census* census, OvSgIteratorStruct* location, int64_t depth) {
     OvAttributeStruct* const typeAttribute = scene->sgGetAttribute(location, "type");
-    const char* const type = textOf(typeAttribute);
+    const char* const type = shown(typeAttribute);
     int isCounted;
     if (depth <= DEEPEST_PRINTED) {
         printLine(census, location, type);
