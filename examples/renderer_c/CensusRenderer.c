@@ -101,7 +101,7 @@ static void printCamera(OvSgIteratorStruct* root, FILE* file) {
     OvAttributeStruct* const path = output->getCameraPath(root);
     CameraInfoStruct* const camera = output->getCameraInfo(root, textOf(path));
     if (camera) {
-        const double fov = output->getCameraFov(camera);
+        const double fov = (double)output->getCameraFov(camera);
         fprintf(file, "camera %s: %g degrees\n", shown(path), fov);
     } else {
         fprintf(file, "camera %s: none\n", shown(path));

@@ -129,7 +129,7 @@ Expected<void> printOutputs(const RenderOutput& output, const Location& root, st
 
 Expected<void> printRender(const RenderOutput& output, const Location& root, std::FILE* file) {
     for (const auto print : {printResolution, printCamera, printOutputs}) {
-        if (const Expected<void> printed = print(output, root, file); !printed) {
+        if (Expected<void> printed = print(output, root, file); !printed) {
             return printed;
         }
     }
@@ -243,7 +243,7 @@ Expected<void> writeCensus(const RenderOutput& output, const Location& root, con
     if (!file.get()) {
         return Error("cannot open " + std::string(filename));
     }
-    if (const Expected<void> printed = printRender(output, root, file.get()); !printed) {
+    if (Expected<void> printed = printRender(output, root, file.get()); !printed) {
         return printed;
     }
     const Expected<Census> census = countAll(output, root, file.get());

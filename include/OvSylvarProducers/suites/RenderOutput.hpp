@@ -558,6 +558,7 @@ inline Expected<Attribute> RenderOutput::flattenedMaterial(
         return Attribute();
     }
     std::vector<const char*> names;
+    names.reserve(terminals.size());
     for (const std::string& terminal : terminals) {
         names.push_back(terminal.c_str());
     }

@@ -64,8 +64,7 @@ protected:
     }
     ShadingNode node(const char* name) const { return network().node(name); }
 
-    static std::size_t open() { return CountedRenderOutput::handles().open(); }
-    using RenderOutputViewTest::open;
+    static std::size_t owned() { return CountedRenderOutput::handles().open(); }
 };
 
 TEST_F(ShadingView, GivesNodesByTheirNames) {
@@ -198,19 +197,19 @@ TEST_F(ShadingView, TellsNothingWhenAHostThrowsWhereAllIsThereAlready) {
 TEST_F(ShadingView, GivesBackEachHandleWithItsOwner) {
     {
         const ShadingNetwork nodes = network();
-        EXPECT_EQ(1U, open());
+        EXPECT_EQ(1U, owned());
         const ShadingNode skin = nodes.node("skin");
         const ShadingNode again = nodes.node("skin");
         EXPECT_NE(skin.handle(), again.handle()) << "two handles of one node";
         static_cast<void>(skin.connection("base_color"));
-        EXPECT_EQ(3U, open());
+        EXPECT_EQ(3U, owned());
     }
-    EXPECT_EQ(0U, open());
+    EXPECT_EQ(0U, owned());
 }
 
 TEST_F(ShadingView, KeepsANodeWhenTheNetworkEnds) {
     const ShadingNode skin = node("skin");
-    EXPECT_EQ(1U, open());
+    EXPECT_EQ(1U, owned());
     EXPECT_EQ("standard_surface", skin.type());
     EXPECT_EQ("out", skin.connection("base_color").port);
 }
@@ -226,7 +225,7 @@ TEST_F(ShadingView, MovesHandlesAndGivesBackWhatIsAssignedTo) {
     moved = nodes.node("paint");
     EXPECT_EQ("paint", moved.name());
     nodes = network();
-    EXPECT_EQ(2U, open());
+    EXPECT_EQ(2U, owned());
 }
 
 TEST_F(ShadingView, HandsHandlesOverByDetachAndTakesThemOverByAdopt) {
