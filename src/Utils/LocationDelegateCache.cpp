@@ -9,6 +9,7 @@
 #include <atomic>
 #include <map>
 #include <mutex>
+#include <new>
 
 namespace SYLVAR {
 namespace {
@@ -64,6 +65,8 @@ Claim claimOf(const OvLocationDelegate& delegate) {
         const StringAttribute renderer = stringsOf(delegate.getSupportedRenderer(instance));
         return {OvAttribute::getStringValue(renderer, "", false),
                 std::vector<std::string>(types.begin(), types.end())};
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (...) {
         return {};
     }
@@ -128,11 +131,10 @@ const void* OvScenegraphLocationDelegateCache::getPluginSuite(const std::string&
 void OvScenegraphLocationDelegateCache::getLocationTypesWithDelegates(
     std::vector<std::string>& locationTypes,
     const std::string& rendererName) {
-    // A copy, for the name may be one of those that are cleared.
-    const std::string renderer = rendererName;
-    locationTypes.clear();
+    std::vector<std::string> former;  // the name may be one of them
+    former.swap(locationTypes);
     initializeCache();
-    if (const DelegatesByType* const known = delegates().find(renderer)) {
+    if (const DelegatesByType* const known = delegates().find(rendererName)) {
         for (const auto& [type, delegate] : *known) {
             locationTypes.push_back(type);
         }
