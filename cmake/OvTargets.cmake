@@ -96,7 +96,7 @@ function(ov_internals)
   target_include_directories(ov_internals INTERFACE "${PROJECT_SOURCE_DIR}/src"
     "${PROJECT_SOURCE_DIR}/include" "${PROJECT_BINARY_DIR}/include")
   target_include_directories(ov_internals SYSTEM INTERFACE "${OV_GENERATED_DIR}")
-  target_link_libraries(ov_internals INTERFACE ${OV_PLATFORM_PRIVATE} Threads::Threads)
+  target_link_libraries(ov_internals INTERFACE ResolutionTableOv ${OV_PLATFORM_PRIVATE} Threads::Threads)
   set_target_properties(ov_internals PROPERTIES LINKER_LANGUAGE CXX)
 endfunction()
 
