@@ -5,12 +5,11 @@
 
 #include "Camera/CameraBasis.h"
 #include "Camera/GlobalMatrix.h"
+#include "Platform/Support/TruncatedInt.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <optional>
 #include <stdexcept>
 
@@ -20,6 +19,7 @@ namespace {
 namespace OvAttribute = Sylvar3::internal::OvAttribute;
 using Vector = Imath::Vec3<double>;
 using ORM_OV::ResolutionTable::v4::GetResolutionTable;
+using Sylvar3::internal::Support::truncatedInt;
 
 struct PictureSize {
     int width;
@@ -111,13 +111,6 @@ double partOf(const Range& range, float from, float to) {
     return (range.greatest - from) / size - (range.least - from) / size;
 }
 
-/// Toward zero; the nearest int where there is none, and 0 for what is no number.
-int truncated(double number) {
-    constexpr double kLeast = std::numeric_limits<int>::min();
-    constexpr double kGreatest = std::numeric_limits<int>::max();
-    return std::isnan(number) ? 0 : static_cast<int>(std::clamp(number, kLeast, kGreatest));
-}
-
 /// As int arithmetic has it where it goes beyond all ints.
 int product(int a, int b) {
     return static_cast<int>(static_cast<std::uint32_t>(a) * static_cast<std::uint32_t>(b));
@@ -140,7 +133,7 @@ int GetPixelAreaThroughCamera(GeometryProducerPtr producer,
     const ScreenExtent extent = extentOf(boundCorners(*producer), local, *info);
     const double width = partOf(extent.x, info->left, info->right) * picture->width;
     const double height = partOf(extent.y, info->bottom, info->top) * picture->height;
-    return product(truncated(width), truncated(height));
+    return product(truncatedInt(width), truncatedInt(height));
 }
 
 }  // namespace SYLVAR

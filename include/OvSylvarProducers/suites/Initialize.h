@@ -14,10 +14,11 @@ extern "C" {
  *
  * - "ScenegraphIteratorHost", version 3 (ScenegraphIteratorSuite.h)
  * - "ScenegraphIteratorHost", version 2
+ * - "RenderOutputUtilsHost", version 3 (RenderOutputUtilsSuite.h)
  *
  * Of the host's table it uses registerHostSuite alone, and reads it anew for each of them. Returns
- * what the last registration returned: 0 for success. Nothing else is set up, and nothing is
- * tested: the host must not be null.
+ * what the last registration returned: 0 for success; the others count for nothing. Nothing else is
+ * set up, and nothing is tested: the host must not be null.
  *
  * The host calls it once, on one thread, before the tables are used.
  */
