@@ -31,12 +31,14 @@ protected:
         SYLVAR::ClearCameraInfoCache();
         fake.set("/root/a", "procedural", written(R"({"includeCameraInfo": "As Parameters",
                              "cameraInfo": {"whichCamera": "Other Camera", "cameraPath": "/root/b"}})"));
+        root = openTree();
+        a = step(table.sgGetFirstChild(root, 0));
     }
     ~ForwardedRuntimeException() override { SYLVAR::ClearCameraInfoCache(); }
 
     const OvRenderOutputUtilsSuite& outputs = ovtest::renderOutputTable();
-    const Handle root = openTree();
-    const Handle a = step(table.sgGetFirstChild(root, 0));
+    Handle root = nullptr;
+    Handle a = nullptr;
 };
 
 }  // namespace
