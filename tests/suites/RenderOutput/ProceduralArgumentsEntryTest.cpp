@@ -74,6 +74,7 @@ TEST_F(ProceduralArgumentsEntry, AreOneStringInASampleAtTimeZero) {
     for (const int style : {kClassic, kAttribute, 3}) {
         const Attribute all = take(build(at(sceneWith("{}"), "/root/a"), style));
         const OvAttributeSuite& attributes = *OvGetAttributeSuite();
+        ASSERT_TRUE(all.isValid()) << style;
         ASSERT_EQ(OV_ATTRIBUTE_STRING, attributes.getType(all.handle())) << style;
         EXPECT_EQ(1, attributes.getNumberOfTimeSamples(all.handle())) << style;
         EXPECT_EQ(1, attributes.getNumberOfValues(all.handle())) << style;

@@ -75,6 +75,7 @@ protected:
 
     std::string pureOf() const {
         const std::vector<float> samples = {2, 1, 2};
+        table.flushPluginCaches("none");
         return told(table.findSampleTimesRelevantToShutterRange(samples.data(), 3, 0, 3)) +
                told(table.convertTexturesToArbitraryAttr(written(R"({"a": "b"})").handle())) +
                told(table.getLocationTypesWithDelegates("none")) +
@@ -82,15 +83,35 @@ protected:
                                                                                          : "no");
     }
 
-    /// What all of these entries answer, through iterators of this call alone.
-    std::string answersOf(Handle sharedRoot) const {
-        const OvScenegraphIteratorSuite& scene = ovtest::iteratorTable();
-        ovtest::Iterators own;
-        const Handle a = own.step(scene.sgGetByPath(sharedRoot, "/root/a", 0));
-        const Handle root = own.step(scene.sgGetRoot(a));
+    /// What all of these entries answer.
+    std::string answersOf(Handle root, Handle a) const {
         return pathsOf(root, a) + materialOf(a) + pureOf() +
                told(table.buildProceduralArgumentsString(
                    a, OV_PROCEDURAL_ARGUMENTS_CLASSIC, "procedural", 1, 0, 0, 0, 0, 0, 0, 1, 1));
+    }
+
+    /// The same through iterators of this call alone.
+    std::string ownAnswersOf(Handle sharedRoot) const {
+        const OvScenegraphIteratorSuite& scene = ovtest::iteratorTable();
+        ovtest::Iterators own;
+        const Handle a = own.step(scene.sgGetByPath(sharedRoot, "/root/a", 0));
+        return answersOf(own.step(scene.sgGetRoot(a)), a);
+    }
+
+    /// Expects that threads that ask at once are all answered as one that asks alone.
+    template <class Ask>
+    static void expectOneAnswer(Ask ask) {
+        std::vector<Strings> answers(kThreads);
+        ovtest::onThreads(kThreads, [&](int i) {
+            for (int round = 0; round < kRounds; ++round) {
+                answers[static_cast<std::size_t>(i)].push_back(ask());
+            }
+        });
+        const std::string expected = ask();
+        EXPECT_THAT(expected, testing::HasSubstr("shader color"));
+        for (const Strings& own : answers) {
+            EXPECT_EQ(kRounds, std::count(own.begin(), own.end(), expected));
+        }
     }
 };
 
@@ -98,17 +119,13 @@ protected:
 
 TEST_F(RenderOutputThreads, AreAnsweredAsOneThreadIs) {
     const Handle root = openRoot();
-    std::vector<Strings> answers(kThreads);
-    ovtest::onThreads(kThreads, [&](int i) {
-        for (int round = 0; round < kRounds; ++round) {
-            answers[static_cast<std::size_t>(i)].push_back(answersOf(root));
-        }
-    });
-    const std::string expected = answersOf(root);
-    EXPECT_THAT(expected, testing::HasSubstr("shader color"));
-    for (const Strings& own : answers) {
-        EXPECT_EQ(kRounds, std::count(own.begin(), own.end(), expected));
-    }
+    expectOneAnswer([&] { return ownAnswersOf(root); });
+}
+
+TEST_F(RenderOutputThreads, AreAnsweredAsOneThreadIsAlsoThroughIteratorsThatTheyShare) {
+    const Handle root = openRoot();
+    const Handle a = iterators.step(ovtest::iteratorTable().sgGetByPath(root, "/root/a", 0));
+    expectOneAnswer([&] { return answersOf(root, a); });
 }
 
 TEST_F(RenderOutputThreads, ReadOneCameraTogether) {
