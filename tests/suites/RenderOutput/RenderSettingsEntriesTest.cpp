@@ -63,6 +63,11 @@ TEST_F(RenderSettingsEntries, GiveTheUsualCamerasPathWithoutASetting) {
     }
 }
 
+TEST_F(RenderSettingsEntries, GiveTheUsualCamerasPathBelowTheLocationThatHasASetting) {
+    const Handle a = at(sceneWith(R"({"cameraName": "/root/cam"})"), "/root/a");
+    EXPECT_THAT(takeStrings(table.getCameraPath(a)), ElementsAre(kCamera));
+}
+
 TEST_F(RenderSettingsEntries, GiveAnEmptyCamerasPathForASettingWithoutValues) {
     const Handle root = at(sceneWith(R"({"cameraName": {"$string": []}})"));
     EXPECT_THAT(takeStrings(table.getCameraPath(root)), ElementsAre(""));
