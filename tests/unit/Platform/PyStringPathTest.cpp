@@ -1,44 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <SylvarPlatform/PyString.h>
 
+#include "support/EnvironmentVariable.h"
 #include "support/Threads.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <map>
 #include <optional>
 
 using namespace Sylvar3::internal::pystring_v1;
 using os::path::expanduser;
 using os::path::expandvars;
+using ovtest::EnvironmentVariable;
 
 namespace {
-
-/// Sets or takes away a variable of the process for one test.
-class Variable {
-public:
-    Variable(const char* name, const std::optional<std::string>& value) : name_(name) {
-        const char* const before = std::getenv(name);
-        before_ = before ? std::optional<std::string>(before) : std::nullopt;
-        put(value);
-    }
-    ~Variable() { put(before_); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    void put(const std::optional<std::string>& value) {
-        if (value) {
-            ::setenv(name_, value->c_str(), 1);
-        } else {
-            ::unsetenv(name_);
-        }
-    }
-
-    const char* const name_;
-    std::optional<std::string> before_;
-};
 
 class FixedEnvironment final : public EnvironmentInterface {
 public:
@@ -110,13 +86,13 @@ TEST(ExpandVars, AnswersAsPython) {
 }
 
 TEST(ExpandVars, ReadsTheProcessesOwnEnvironmentUnlessGivenOne) {
-    const Variable set("OV_TEST_VARIABLE", "value");
+    const EnvironmentVariable set("OV_TEST_VARIABLE", "value");
     EXPECT_EQ("value/value", expandvars("$OV_TEST_VARIABLE/${OV_TEST_VARIABLE}"));
     EXPECT_EQ("value", expandvars("$OV_TEST_VARIABLE", nullptr));
 }
 
 TEST(ExpandVars, LeavesWhatNoVariableCanBeCalled) {
-    const Variable set("OV_TEST_VARIABLE", "b=c");
+    const EnvironmentVariable set("OV_TEST_VARIABLE", "b=c");
     for (const std::string& path : {std::string("${OV_TEST_VARIABLE=b}"),
                                     std::string("${OV_TEST_VARIABLE\0}", 20),
                                     std::string("${}")}) {
@@ -168,19 +144,19 @@ TEST(ExpandUser, AnswersAsPython) {
         Row{"/home/me", "~\\a", "~\\a"},
     };
     for (const Row& row : rows) {
-        const Variable home("HOME", row.home);
+        const EnvironmentVariable home("HOME", row.home);
         EXPECT_EQ(row.expanded, expanduser(row.path)) << row.path << " with HOME " << row.home;
     }
 }
 
 TEST(ExpandUser, LeavesTheTildeWhenHomeIsNotSet) {
-    const Variable home("HOME", std::nullopt);
+    const EnvironmentVariable home("HOME", std::nullopt);
     EXPECT_EQ("~", expanduser("~"));
     EXPECT_EQ("~/a", expanduser("~/a"));
 }
 
 TEST(ExpandUser, LooksAUserUpInTheUserDatabase) {
-    const Variable home("HOME", "/not/this/one");
+    const EnvironmentVariable home("HOME", "/not/this/one");
     EXPECT_EQ("/root", expanduser("~root"));
     EXPECT_EQ("/root/a", expanduser("~root/a"));
 }
@@ -193,7 +169,7 @@ TEST(ExpandUser, LeavesTheNameOfAnUnknownUser) {
 }
 
 TEST(ExpandUser, AnswersEightThreadsAtOnce) {
-    const Variable home("HOME", "/home/me");
+    const EnvironmentVariable home("HOME", "/home/me");
     ovtest::onThreads(8, [](int) {
         for (int round = 0; round < 100; ++round) {
             ASSERT_EQ("/home/me/a", expanduser("~/a"));
