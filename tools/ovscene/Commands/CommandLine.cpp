@@ -69,12 +69,15 @@ void addCommands(CLI::App& app, Output& output, ServiceOptions& services) {
     addArgsCommand(app, output);
     addCameraCommand(app, output);
     addMaterialCommand(app, output);
+    addOutputsCommand(app, output);
+    addTileCommand(app, output);
     addStatsCommand(app, output);
     addWalkCommand(app, output);
     addRenderCommand(app, output);
     addConvertCommand(app, output);
     addWhyCommand(app, output);
     addOpsCommand(app, output);
+    addPluginsCommand(app, output);
     for (CLI::App* command : app.get_subcommands({})) {
         command->group("Commands");
         command->fallthrough();  // the program's own options may stand behind the command too
