@@ -51,13 +51,15 @@ class General(OvsceneCase):
 
     def test_help_lists_commands_and_exit_statuses(self):
         text = self.ok("--help")
-        for expected in ("import", "tree", "attrs", "stats", "walk", "render", "convert", "why", "ops", "--config FILE",
+        for expected in ("import", "tree", "attrs", "outputs", "tile", "stats", "walk", "render", "convert", "why", "ops",
+                         "plugins", "--config FILE",
                          "--set NAME=VALUE", "--log [NAME=]LEVEL", "--plugins DIR", "Exit statuses:",
                          "8  an asset cannot be imported", "9  a renderer failed"):
             self.assertIn(expected, text)
 
     def test_help_of_each_command_has_an_example(self):
-        for command in ("import", "tree", "attrs", "stats", "walk", "render", "convert", "why", "ops"):
+        for command in ("import", "tree", "attrs", "outputs", "tile", "stats", "walk", "render", "convert", "why", "ops",
+                        "plugins"):
             self.assertIn(f"ovscene {command} ", self.ok(command, "--help"))
 
     def test_wrong_usage(self):

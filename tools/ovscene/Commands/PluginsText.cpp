@@ -80,20 +80,26 @@ void printDelegates(const PluginsView& view, Output& output) {
     table.finish();
 }
 
-void printRejected(const PluginsView& view, Output& output) {
-    if (view.rejected.empty()) {
-        return;
-    }
-    output.put('\n');
+/// What cannot be used of one file, from that place on; returns the place behind it.
+std::size_t printRejectedOf(const std::vector<RejectedPlugin>& all,
+                            std::size_t at,
+                            Output& output) {
+    const std::string& file = all[at].file;
+    output.write((file.empty() ? "(in this program)" : safeText(file)) + "\n");
     TextTable table(output);
-    table.add({Cell::left("rejected"), Cell::left("plug-in")}, "reason");
-    for (const RejectedPlugin& rejected : view.rejected) {
-        const bool isInProcess = rejected.file.empty();
-        table.add({isInProcess ? Cell::left("(in this program)") : textCell(rejected.file),
-                   textCell(rejected.plugin)},
-                  rejected.reason);
+    for (; at < all.size() && all[at].file == file; ++at) {
+        const std::string name = safeText(all[at].plugin);
+        table.add({Cell::left(name.empty() ? "" : "  " + name)}, all[at].reason);
     }
     table.finish();
+    return at;
+}
+
+void printRejected(const PluginsView& view, Output& output) {
+    output.write(view.rejected.empty() ? "" : "\nrejected\n");
+    for (std::size_t at = 0; at < view.rejected.size();) {
+        at = printRejectedOf(view.rejected, at, output);
+    }
 }
 
 std::string countText(const PluginsView& view) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Scene/PluginList.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace ovscene {
@@ -43,6 +44,8 @@ std::vector<RejectedPlugin> rejectedPlugins() {
     for (RejectedPlugin& rejected : all) {
         rejected.reason = withoutFile(rejected.reason, rejected.file);
     }
+    std::stable_sort(
+        all.begin(), all.end(), [](const auto& a, const auto& b) { return a.file < b.file; });
     return all;
 }
 

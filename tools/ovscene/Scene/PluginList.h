@@ -21,8 +21,8 @@ struct ListedPlugin {
 /// By API and version, ascending, and those of one in the order in which they are taken.
 std::vector<ListedPlugin> listedPlugins();
 
-/// What cannot be used, folders included. Those that fail when they are asked for their table stand
-/// there once that was done.
+/// What cannot be used, folders included, by file. Plug-ins that fail when they are asked for their
+/// table stand there once that was done.
 std::vector<RejectedPlugin> rejectedPlugins();
 
 /// The folders that were searched, in their order.
