@@ -74,7 +74,7 @@ class Outputs(OpTreeCase):
         self.assertEqual({"placed": "/there/a.exr", "named": "/scratch/shot_x1.tif", "bare": "/scratch/shot_.tif"},
                          self.locations("both.json", "--prefix", "shot_", "--suffix", "tif"))
         self.assertEqual({"placed": "/there/a.exr", "named": "/scratch/x1.", "bare": "/scratch/."},
-                         self.locations("both.json", "--prefix", "", "--suffix="))
+                         self.locations("both.json", "--prefix", "", "--suffix", ""))
 
     def test_home_and_variables_are_filled_in(self):
         self.assertEqual("/home/me/a", self.location("~/a", HOME="/home/me"))
@@ -149,8 +149,8 @@ class Outputs(OpTreeCase):
         self.assertIn("Permission denied", self.fails(3, "outputs", "locked.json"))
 
     def test_an_error_of_the_top_location_is_told(self):
-        self.write_op_tree("wrong.json", settings=("renderSettings", {"outputs": {"a": 1}}, "scene"),
-                           scene=("scene", {"tree": {}}))
+        self.write_op_tree("wrong.json", scene=("scene", {"tree": {}}),
+                           settings=("renderSettings", {"outputs": {"a": 1}}, "scene"))
         shown, warned = self.warns("outputs", "wrong.json")
         self.assertIn("no outputs: ", shown)
         self.assertRegex(warned, r"wrong\.json: 1 location with errors, the first at /root: renderSettings ")

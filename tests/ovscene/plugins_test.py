@@ -149,6 +149,7 @@ class Plugins(OvsceneCase):
             self.assertEqual({"Noise.so", "Empty.so", "Cut.so", "Other.so", "Folder.so", "Gone.so"}, set(rejected))
             self.assertEqual("exports no OvGetPluginCount", rejected["Other.so"])
             self.assertEqual("is no regular file", rejected["Folder.so"])
+            self.assertEqual("is cut short", rejected["Cut.so"])
             self.assertEqual("No such file or directory", rejected["Gone.so"])
             self.assertIn("file too short", rejected["Noise.so"])
         self.assertRegex(self.ok("plugins", *of(folder)), r"(?m)^rejected\nbroken/Cut\.so\n  \w")
