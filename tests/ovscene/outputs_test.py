@@ -74,7 +74,7 @@ class Outputs(OpTreeCase):
         self.assertEqual({"placed": "/there/a.exr", "named": "/scratch/shot_x1.tif", "bare": "/scratch/shot_.tif"},
                          self.locations("both.json", "--prefix", "shot_", "--suffix", "tif"))
         self.assertEqual({"placed": "/there/a.exr", "named": "/scratch/x1.", "bare": "/scratch/."},
-                         self.locations("both.json", "--prefix", "", "--suffix", ""))
+                         self.locations("both.json", "--prefix", "", "--suffix="))
 
     def test_home_and_variables_are_filled_in(self):
         self.assertEqual("/home/me/a", self.location("~/a", HOME="/home/me"))

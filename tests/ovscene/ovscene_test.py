@@ -72,6 +72,13 @@ class General(OvsceneCase):
             with self.subTest(arguments):
                 self.assertIn("--help'", self.fails(2, *arguments))
 
+    def test_an_option_without_its_value_takes_no_other_argument_for_it(self):
+        for arguments, expected in ((("--set=",), "--set: '' is no NAME=VALUE"), (("--depth=",), "--depth: '' is no number"),
+                                    (("--config=",), "--config: '' is no file")):
+            with self.subTest(arguments):
+                self.assertIn(expected, self.fails(2, "tree", *arguments, "small.optree"))
+        self.assertEqual("--set=: No such file or directory", self.fails(3, "tree", "--", "--set="))
+
     def test_a_wrong_number_is_told(self):
         self.assertIn("--depth: '-1' is no number of 0 or more",
                       self.fails(2, "tree", "f", "--depth", "-1"))
