@@ -9,6 +9,7 @@
 #include <atomic>
 #include <map>
 #include <mutex>
+#include <utility>
 
 namespace SYLVAR {
 namespace {
@@ -128,15 +129,14 @@ const void* OvScenegraphLocationDelegateCache::getPluginSuite(const std::string&
 void OvScenegraphLocationDelegateCache::getLocationTypesWithDelegates(
     std::vector<std::string>& locationTypes,
     const std::string& rendererName) {
-    // A copy, for the name may be one of those that are cleared.
-    const std::string renderer = rendererName;
-    locationTypes.clear();
     initializeCache();
-    if (const DelegatesByType* const known = delegates().find(renderer)) {
+    std::vector<std::string> types;
+    if (const DelegatesByType* const known = delegates().find(rendererName)) {
         for (const auto& [type, delegate] : *known) {
-            locationTypes.push_back(type);
+            types.push_back(type);
         }
     }
+    locationTypes = std::move(types);
 }
 
 }  // namespace SYLVAR
