@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
-// Location delegates, some of which fail when they are asked, and plug-ins with odd names.
+// Location delegates, some of which fail when they are asked, and plug-ins with odd names. All
+// print a line when they are asked and there is a setting "talk".
 #include <SylvarPlatform/suites/LocationDelegate.h>
 #include <SylvarPlatform/suites/Plugin.h>
 
 #include <array>
+#include <cstdio>
 #include <stdexcept>
 
 namespace {
@@ -13,6 +15,9 @@ const OvAttributeSuite* attributes;
 std::int32_t setHost(const OvHostTable* host) {
     attributes = static_cast<const OvAttributeSuite*>(
         host->findSuite(OV_ATTRIBUTE_SUITE_NAME, OV_ATTRIBUTE_SUITE_VERSION));
+    if (host->getConfiguration("talk", nullptr, 0) >= 0) {
+        std::puts("A plug-in talks.");
+    }
     return attributes ? 0 : 1;
 }
 

@@ -177,6 +177,12 @@ class Plugins(OvsceneCase):
                 self.assertNotRegex(text, "[\x00-\x09\x0b-\x1f\x7f-\x9f\u2028\u202e]")
                 self.assertIn(ODD.replace("\\", "\\\\") if "--json" in arguments else ODD, text)
 
+    def test_what_a_plugin_prints_goes_to_the_error_stream(self):
+        arguments = ("--explain", "--json", *of(DELEGATES))
+        done = self.run_raw("plugins", *arguments, "--set", "talk=1")
+        self.assertEqual((0, {b"A plug-in talks."}), (done.returncode, set(done.stderr.splitlines())))
+        self.assertEqual(self.told("--explain", *of(DELEGATES)), json.loads(done.stdout))
+
     def test_wrong_usage(self):
         for arguments in (("more",), ("--other",)):
             with self.subTest(arguments):

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Commands/PluginsView.h"
 
+#include "Print/Output.h"
 #include "Scene/LocationDelegates.h"
 #include "Scene/PluginFolders.h"
 
@@ -28,6 +29,7 @@ void explainAll(PluginsView& view) {
 }  // namespace
 
 PluginsView pluginsView(bool explain) {
+    const ForeignOutputAside aside;
     searchPlugins();
     PluginsView view;
     view.isExplained = explain;

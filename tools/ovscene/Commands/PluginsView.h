@@ -29,7 +29,8 @@ struct PluginsView {
     std::vector<RejectedPlugin> rejected;
 };
 
-/// Searches for plug-ins; to explain them, asks each for its table too.
+/// Searches for plug-ins; to explain them, asks each for its table too. What they print meanwhile
+/// goes to the error stream.
 PluginsView pluginsView(bool explain);
 
 }  // namespace ovscene
