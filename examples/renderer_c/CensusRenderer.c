@@ -13,9 +13,10 @@
  * travels through `walk` and `render` as a C++ exception, up to the host, which counts it as a
  * failed render. Some machines end a process that throws through C code without it; x86-64 does
  * not, but that is no promise. C has no way to catch, so what is held at that moment stays held:
- * two iterators and a list of names. A renderer that must give those back, or go on, is better
- * written in C++.
+ * two iterators, an attribute or two and a list of names. A renderer that must give those back, or
+ * go on, is better written in C++.
  */
+#include <OvSylvarProducers/suites/RenderOutputUtilsSuite.h>
 #include <OvSylvarProducers/suites/ScenegraphIteratorSuite.h>
 #include <SylvarPlatform/suites/AttributeSuite.h>
 #include <SylvarPlatform/suites/Plugin.h>
@@ -29,8 +30,9 @@
 static const OvHostTable* host;                /* messages and settings */
 static const OvAttributeSuite* attributes;     /* reads values */
 static const OvScenegraphIteratorSuite* scene; /* walks locations */
+static const OvRenderOutputUtilsSuite* output; /* tells what else a render wants to know */
 
-enum { DEEPEST_PRINTED = 3 };
+enum { DEEPEST_PRINTED = 3, FRAME = 1 };
 
 static void logMessage(int32_t level, const char* before, const char* text) {
     char message[1024];
@@ -38,6 +40,107 @@ static void logMessage(int32_t level, const char* before, const char* text) {
         snprintf(message, sizeof message, "%s%s", before, text);
         host->log("CensusC", level, message, __FILE__, __LINE__);
     }
+}
+
+/* A text with a NUL behind it, for the caller to free; null when memory runs out. */
+static char* copyOf(const char* text, size_t length) {
+    char* const copy = (char*)malloc(length + 1);
+    if (copy) {
+        memcpy(copy, text, length);
+        copy[length] = 0;
+    }
+    return copy;
+}
+
+/* ---- Attributes --------------------------------------------------------------------------- */
+
+/* Attributes that the host gives are the caller's to give back; there may be none. */
+static void giveBack(OvAttributeStruct* attribute) {
+    if (attribute) {
+        attributes->release(attribute);
+    }
+}
+
+/* The text of a string attribute, good for as long as the attribute is held; "" for none. */
+static const char* textOf(OvAttributeStruct* attribute) {
+    const char* text = "";
+    attributes->getNearestString(&attribute, 0, 0, &text);
+    return text;
+}
+
+static const char* shown(OvAttributeStruct* attribute) {
+    const char* const text = textOf(attribute);
+    return *text ? text : "-";
+}
+
+static int isGroup(OvAttributeStruct* attribute) {
+    return attribute && attributes->getType(attribute) == OV_ATTRIBUTE_GROUP;
+}
+
+/* Null when there is none. */
+static OvAttributeStruct* childOf(OvAttributeStruct* group, const char* name) {
+    return group ? attributes->getChildByName(group, name, (int32_t)strlen(name)) : 0;
+}
+
+static int64_t childCount(OvAttributeStruct* group) {
+    return group ? attributes->getNumberOfChildren(group) : 0;
+}
+
+/* ---- The render --------------------------------------------------------------------------- */
+
+/* A name that the resolution table does not have ends the render with an exception. */
+static void printResolution(OvSgIteratorStruct* root, FILE* file) {
+    int width = 0;
+    int height = 0;
+    OvAttributeStruct* const name = output->getRenderResolution(root, &width, &height);
+    fprintf(file, "resolution %s: %d x %d\n", shown(name), width, height);
+    giveBack(name);
+}
+
+static void printCamera(OvSgIteratorStruct* root, FILE* file) {
+    OvAttributeStruct* const path = output->getCameraPath(root);
+    CameraInfoStruct* const camera = output->getCameraInfo(root, textOf(path));
+    if (camera) {
+        const double fov = (double)output->getCameraFov(camera);
+        fprintf(file, "camera %s: %g degrees\n", shown(path), fov);
+    } else {
+        fprintf(file, "camera %s: none\n", shown(path));
+    }
+    output->releaseCameraInfo(camera); /* which does nothing for null */
+    giveBack(path);
+}
+
+/* Where an output is rendered to before it is moved to its place. 0 when memory runs out. */
+static int printOutput(OvSgIteratorStruct* root, FILE* file, const char* start, int32_t length) {
+    char* const name = copyOf(start ? start : "", length > 0 ? (size_t)length : 0);
+    if (name) {
+        OvAttributeStruct* const place =
+            output->getRenderOutputTempLocation(root, name, name, "exr", FRAME);
+        fprintf(file, "output %s: %s\n", name, shown(place));
+        giveBack(place);
+    }
+    free(name);
+    return name != 0;
+}
+
+/* The names of children are no C strings: they come with a length. 0 when memory runs out. */
+static int printOutputs(OvSgIteratorStruct* root, FILE* file) {
+    OvAttributeStruct* const outputs = scene->sgGetAttribute(root, "renderSettings.outputs");
+    int isDone = 1;
+    int64_t i;
+    for (i = 0; i < childCount(outputs) && isDone; ++i) {
+        int32_t length = 0;
+        const char* const start = attributes->getChildName(outputs, i, &length);
+        isDone = printOutput(root, file, start, length);
+    }
+    giveBack(outputs);
+    return isDone;
+}
+
+static int printRender(OvSgIteratorStruct* root, FILE* file) {
+    printResolution(root, file);
+    printCamera(root, file);
+    return printOutputs(root, file);
 }
 
 /* ---- What is counted ---------------------------------------------------------------------- */
@@ -52,6 +155,8 @@ typedef struct Census {
     int64_t locations;
     int64_t levels;
     int64_t points;
+    int64_t materials;
+    int64_t nodes;
     TypeCount* types; /* sorted by type */
     size_t typeCount;
     size_t typeRoom;
@@ -89,13 +194,11 @@ static int reserveType(Census* census) {
 
 /* 0 when memory runs out. */
 static int insertType(Census* census, size_t place, const char* type) {
-    const size_t size = strlen(type) + 1;
-    char* const copy = reserveType(census) ? (char*)malloc(size) : 0;
+    char* const copy = reserveType(census) ? copyOf(type, strlen(type)) : 0;
     TypeCount* at;
     if (!copy) {
         return 0;
     }
-    memcpy(copy, type, size);
     at = census->types + place;
     memmove(at + 1, at, (census->typeCount - place) * sizeof *at);
     at->type = copy;
@@ -124,20 +227,6 @@ static void freeTypes(Census* census) {
 
 /* ---- One location ------------------------------------------------------------------------- */
 
-/* Attributes that the scene gives are the caller's to give back; there may be none. */
-static void giveBack(OvAttributeStruct* attribute) {
-    if (attribute) {
-        attributes->release(attribute);
-    }
-}
-
-/* The text of a string attribute, good for as long as the attribute is held; "-" for none. */
-static const char* textOf(OvAttributeStruct* attribute) {
-    const char* text = "";
-    attributes->getNearestString(&attribute, 0, 0, &text);
-    return *text ? text : "-";
-}
-
 static int64_t pointCount(OvSgIteratorStruct* location) {
     OvAttributeStruct* const points = scene->sgGetAttribute(location, "geometry.points");
     int64_t count = 0;
@@ -148,16 +237,52 @@ static int64_t pointCount(OvSgIteratorStruct* location) {
     return count;
 }
 
+/* Whether the network has a node of that name. Every handle is given back. */
+static int hasNode(OvShadingNetworkNodesStruct* network, const char* name) {
+    ShadingNodeDescriptionStruct* const node = output->getShadingNetworkNode(network, name);
+    output->releaseShadingNode(node);
+    return node != 0;
+}
+
+/* The nodes that can be used. A network is asked for them by their names, which the material has.
+ */
+static int64_t nodeCount(OvAttributeStruct* material) {
+    OvShadingNetworkNodesStruct* const network = output->getShadingNetworkNodesFromAttr(material);
+    OvAttributeStruct* const nodes = childOf(material, "nodes");
+    int64_t count = 0;
+    int64_t i;
+    for (i = 0; i < childCount(nodes); ++i) {
+        OvAttributeStruct* const node = attributes->getChildByIndex(nodes, i);
+        OvAttributeStruct* const name = childOf(node, "name");
+        count += hasNode(network, textOf(name));
+        giveBack(name);
+        giveBack(node);
+    }
+    giveBack(nodes);
+    output->freeShadingNetworkNodes(network);
+    return count;
+}
+
+/* Of the location itself: those above it have theirs counted already. */
+static void countMaterial(Census* census, OvSgIteratorStruct* location) {
+    OvAttributeStruct* const material = scene->sgGetAttribute(location, "material");
+    if (isGroup(material)) {
+        ++census->materials;
+        census->nodes += nodeCount(material);
+    }
+    giveBack(material);
+}
+
 static void printLine(const Census* census, OvSgIteratorStruct* location, const char* type) {
     OvAttributeStruct* const path = scene->sgGetFullName(location);
-    fprintf(census->file, "%s  %s\n", textOf(path), type);
+    fprintf(census->file, "%s  %s\n", shown(path), type);
     giveBack(path);
 }
 
 /* 0 when memory runs out. */
 static int visit(Census* census, OvSgIteratorStruct* location, int64_t depth) {
     OvAttributeStruct* const typeAttribute = scene->sgGetAttribute(location, "type");
-    const char* const type = textOf(typeAttribute);
+    const char* const type = shown(typeAttribute);
     int isCounted;
     if (depth <= DEEPEST_PRINTED) {
         printLine(census, location, type);
@@ -165,6 +290,7 @@ static int visit(Census* census, OvSgIteratorStruct* location, int64_t depth) {
     ++census->locations;
     census->levels = depth >= census->levels ? depth + 1 : census->levels;
     census->points += pointCount(location);
+    countMaterial(census, location);
     isCounted = countType(census, type);
     giveBack(typeAttribute);
     return isCounted;
@@ -219,10 +345,12 @@ static int walk(Census* census, OvSgIteratorStruct* root) {
 static void printSums(const Census* census) {
     size_t i;
     fprintf(census->file,
-            "%lld locations, %lld levels, %lld points\n",
+            "%lld locations, %lld levels, %lld points, %lld materials, %lld shading nodes\n",
             (long long)census->locations,
             (long long)census->levels,
-            (long long)census->points);
+            (long long)census->points,
+            (long long)census->materials,
+            (long long)census->nodes);
     for (i = 0; i < census->typeCount; ++i) {
         fprintf(census->file,
                 "%8lld  %s\n",
@@ -238,7 +366,7 @@ static int takeCensus(OvSgIteratorStruct* root, FILE* file) {
     int isDone;
     memset(&census, 0, sizeof census);
     census.file = file;
-    isDone = walk(&census, root);
+    isDone = printRender(root, file) && walk(&census, root);
     if (isDone) {
         printSums(&census);
     } else {
@@ -294,19 +422,33 @@ static int32_t render(const OvRenderJob* job) {
 
 static const OvRenderer renderer = {sizeof(OvRenderer),
                                     0, /* reserved */
-                                    "A census: the upper locations, and how many of each type.",
+                                    "A census: the render, the upper locations, and how many"
+                                    " of each type.",
                                     render};
 
 /* ---- The plug-in -------------------------------------------------------------------------- */
 
+/* Null, with a word in the log, when the host has no such table. */
+static const void* findSuite(const char* name, uint32_t version) {
+    const void* const suite = host->findSuite(name, version);
+    char wanted[64];
+    if (!suite) {
+        snprintf(wanted, sizeof wanted, "\"%s\", version %u", name, (unsigned)version);
+        logMessage(OV_LOG_ERROR, "the host has no suite ", wanted);
+    }
+    return suite;
+}
+
 /* Called once, before anything else is wanted of the plug-in. Anything but 0 refuses the host. */
 static int32_t setHost(const OvHostTable* table) {
     host = table;
-    attributes = (const OvAttributeSuite*)host->findSuite(OV_ATTRIBUTE_SUITE_NAME,
-                                                          OV_ATTRIBUTE_SUITE_VERSION);
-    scene = (const OvScenegraphIteratorSuite*)host->findSuite(OV_SCENEGRAPH_ITERATOR_SUITE_NAME,
-                                                              OV_SCENEGRAPH_ITERATOR_SUITE_VERSION);
-    return attributes && scene ? 0 : 1;
+    attributes =
+        (const OvAttributeSuite*)findSuite(OV_ATTRIBUTE_SUITE_NAME, OV_ATTRIBUTE_SUITE_VERSION);
+    scene = (const OvScenegraphIteratorSuite*)findSuite(OV_SCENEGRAPH_ITERATOR_SUITE_NAME,
+                                                        OV_SCENEGRAPH_ITERATOR_SUITE_VERSION);
+    output = (const OvRenderOutputUtilsSuite*)findSuite(OV_RENDER_OUTPUT_UTILS_SUITE_NAME,
+                                                        OV_RENDER_OUTPUT_UTILS_SUITE_VERSION);
+    return attributes && scene && output ? 0 : 1;
 }
 
 static const void* getSuite(void) {

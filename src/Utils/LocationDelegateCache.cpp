@@ -9,7 +9,7 @@
 #include <atomic>
 #include <map>
 #include <mutex>
-#include <utility>
+#include <new>
 
 namespace SYLVAR {
 namespace {
@@ -65,6 +65,8 @@ Claim claimOf(const OvLocationDelegate& delegate) {
         const StringAttribute renderer = stringsOf(delegate.getSupportedRenderer(instance));
         return {OvAttribute::getStringValue(renderer, "", false),
                 std::vector<std::string>(types.begin(), types.end())};
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (...) {
         return {};
     }
@@ -129,14 +131,14 @@ const void* OvScenegraphLocationDelegateCache::getPluginSuite(const std::string&
 void OvScenegraphLocationDelegateCache::getLocationTypesWithDelegates(
     std::vector<std::string>& locationTypes,
     const std::string& rendererName) {
+    std::vector<std::string> former;  // the name may be one of them
+    former.swap(locationTypes);
     initializeCache();
-    std::vector<std::string> types;
     if (const DelegatesByType* const known = delegates().find(rendererName)) {
         for (const auto& [type, delegate] : *known) {
-            types.push_back(type);
+            locationTypes.push_back(type);
         }
     }
-    locationTypes = std::move(types);
 }
 
 }  // namespace SYLVAR

@@ -90,9 +90,12 @@ elseif(STEP STREQUAL "pkgconfig")
     ${flags} "-Wl,-rpath,${moved}/${LIBDIR}")
   run("${WORK_DIR}/consumer")
 elseif(STEP STREQUAL "plugins")
-  set(example "${moved}/share/OvSylvarProducers/examples/op_type")
+  set(examples "${moved}/share/OvSylvarProducers/examples")
+  set(example "${examples}/op_type")
   set(plugins "${WORK_DIR}/plugins")
   file(MAKE_DIRECTORY "${plugins}")
+  run("${C_COMPILER}" -std=c99 -fexceptions -pedantic -Wall -Wextra -Werror -shared -fPIC -fvisibility=hidden
+    -I "${moved}/include" "${examples}/location_delegate/ProceduralDelegate.c" -o "${plugins}/ProceduralDelegate.so")
   run("${C_COMPILER}" -std=c99 -pedantic -Wall -Wextra -Werror -shared -fPIC -fvisibility=hidden
     -I "${moved}/include" "${example}/WaveOp.c" -o "${plugins}/WaveOp.so" -lm)
   show("${example}/wave.optree.json" --plugins "${plugins}")

@@ -169,16 +169,64 @@ class Census(OpTreeCase):
 
     def test_locations_types_and_points(self):
         self.assertEqual("""\
+resolution square_512: 512 x 512
+camera /root/world/cam/camera: none
 /root  b
 /root/z  c
 /root/z/y  -
 /root/z/y/x  -
 /root/n  b
-6 locations, 5 levels, 2 points
+6 locations, 5 levels, 2 points, 0 materials, 0 shading nodes
        3  -
        2  b
        1  c
 """, self.census("types.json"))
+
+    def test_the_render_its_outputs_and_its_materials(self):
+        node = {"name": "a", "type": "image"}
+        self.write_op_tree("shot.json", made=("scene", {"tree": {
+            "a": {"renderSettings": {
+                "cameraName": "/root/eye", "resolution": "hd_720", "tempDir": "/tmp/renders",
+                "outputs": {"beauty": {"tempRenderId": "_7"},
+                            "depth": {"rendererSettings": {"tempRenderLocation": "/fast/z.###.exr"}}}}},
+            "c": {"eye": {"a": {"geometry": {
+                      name: {"$double": 37.5} for name in ("fov", "near", "far", "left", "right", "top", "bottom")}}},
+                  "one": {"a": {"material": {"style": "network", "nodes": {
+                      "a": node, "b": {"name": "b", "type": "mix"}, "nameless": {"type": "mix"}, "text": "x"}}}},
+                  "two": {"a": {"material": {"surfaceShader": "matte"}}},
+                  "three": {"a": {"material": "none"}}}}}))
+        self.assertEqual("""\
+resolution hd_720: 1280 x 720
+camera /root/eye: 37.5 degrees
+output beauty: /tmp/renders/beauty_7.exr
+output depth: /fast/z.001.exr
+/root  -
+/root/eye  -
+/root/one  -
+/root/two  -
+/root/three  -
+5 locations, 2 levels, 0 points, 2 materials, 2 shading nodes
+       5  -
+""", self.census("shot.json"))
+
+    def test_names_that_are_empty_or_unknown(self):
+        strings = {"$string": [], "$tuple": 1}
+        self.write_op_tree("bare.json", made=("scene", {"tree": {"a": {"renderSettings": {
+            "cameraName": strings, "outputs": {"": {}, "odd": 1}}}}}))
+        self.assertEqual("""\
+resolution square_512: 512 x 512
+camera -: none
+output : .exr
+output odd: odd.exr
+""", "".join(self.census("bare.json").splitlines(True)[:4]))
+
+    def test_a_resolution_that_nobody_knows_fails_the_render(self):
+        self.write_op_tree("odd.json", made=("scene", {"tree": {"a": {"renderSettings": {"resolution": "hd_721"}}}}))
+        for so in CENSUS:
+            with self.subTest(so.stem):
+                done = self.run_raw(*command(so, "odd.json"))
+                self.assertEqual((9, b""), (done.returncode, done.stdout))
+                self.assertIn(b"Error querying resolution table for resolution: 'hd_721'", done.stderr)
 
     def test_scenes_of_any_shape(self):
         for file, sums in (("made.json", "820 locations, 4 levels, "), ("wide.json", "20001 locations, 2 levels, "),
@@ -221,7 +269,7 @@ class Census(OpTreeCase):
 
     def test_a_location_with_an_error_is_no_failure(self):
         self.write_op_tree("unknown.json", odd=("nonesuch", {}))
-        self.assertIn("1 locations, 1 levels, 0 points", self.census("unknown.json", "--log", "off"))
+        self.assertIn("1 locations, 1 levels, 0 points, ", self.census("unknown.json", "--log", "off"))
 
     def test_a_static_scene_with_a_name_that_no_path_can_hold_has_an_error_there(self):
         (self.folder / "slash.json").write_text(json.dumps(

@@ -525,6 +525,34 @@ auto caught(Call call) -> Expected<decltype(call())> {
     }
 }
 
+/// The same where a call gives nothing.
+template <class Call>
+Expected<void> done(Call call) {
+    const auto called = caught([&] {
+        call();
+        return true;
+    });
+    return called ? Expected<void>() : called.error();
+}
+
+/// What `call` tells of what is there already; nothing when the host throws all the same.
+template <class Call>
+auto told(Call call) -> decltype(call()) {
+    auto answer = caught(call);
+    return answer ? *std::move(answer) : decltype(call())();
+}
+
+/// A function table of the host.
+template <class Suite>
+Expected<const Suite*> findSuite(const OvHostTable& host, const char* name, std::uint32_t version) {
+    const auto* const suite = static_cast<const Suite*>(host.findSuite(name, version));
+    if (!suite) {
+        return Error("the host has no suite \"" + std::string(name) + "\", version " +
+                     std::to_string(version));
+    }
+    return suite;
+}
+
 /// How values of type T lie in an attribute.
 template <class T>
 struct Stored;
@@ -821,13 +849,11 @@ inline Expected<Attribute> Location::globalXForm() const {
 }
 
 inline Expected<void> Location::finalize() const {
-    const auto finalized = Detail::caught([&] {
+    return Detail::done([&] {
         if (handle_) {
             suite_->sgFinalize(handle_);
         }
-        return true;
     });
-    return finalized ? Expected<void>() : Expected<void>(finalized.error());
 }
 
 inline Location::Children::Iterator Location::Children::begin() {
@@ -846,18 +872,17 @@ inline void Location::Children::goTo(Expected<Location> next) {
 }
 
 inline Expected<Scene> Scene::find(const OvHostTable& host) {
-    constexpr const char* kScene = OV_SCENEGRAPH_ITERATOR_SUITE_NAME;
-    constexpr const char* kAttribute = OV_ATTRIBUTE_SUITE_NAME;
-    const auto* const suite = static_cast<const OvScenegraphIteratorSuite*>(
-        host.findSuite(kScene, OV_SCENEGRAPH_ITERATOR_SUITE_VERSION));
-    const auto* const attributes = static_cast<const OvAttributeSuite*>(
-        host.findSuite(kAttribute, OV_ATTRIBUTE_SUITE_VERSION));
-    if (suite && attributes) {
-        return Scene(*suite, *attributes);
+    const auto suite = Detail::findSuite<OvScenegraphIteratorSuite>(
+        host, OV_SCENEGRAPH_ITERATOR_SUITE_NAME, OV_SCENEGRAPH_ITERATOR_SUITE_VERSION);
+    if (!suite) {
+        return suite.error();
     }
-    const int version = suite ? OV_ATTRIBUTE_SUITE_VERSION : OV_SCENEGRAPH_ITERATOR_SUITE_VERSION;
-    return Error("the host has no suite \"" + std::string(suite ? kAttribute : kScene) +
-                 "\", version " + std::to_string(version));
+    const auto attributes = Detail::findSuite<OvAttributeSuite>(
+        host, OV_ATTRIBUTE_SUITE_NAME, OV_ATTRIBUTE_SUITE_VERSION);
+    if (!attributes) {
+        return attributes.error();
+    }
+    return Scene(**suite, **attributes);
 }
 
 inline Expected<Location> Scene::open(Expected<OvSgIteratorStruct*> root) const {

@@ -18,7 +18,8 @@ extern "C" {
  * Which types a delegate handles for whom is asked once in a process, when the first renderer asks
  * for any delegate. Of two for the same type and renderer the one that comes first in the order of
  * the plug-ins counts. One that throws when it is asked, or has a null entry among those that are
- * called, is left out.
+ * called, is left out. What runs meanwhile, the plug-in's setHost and getSuite included, must not
+ * ask the library for delegates: that would wait for itself.
  */
 
 #define OV_LOCATION_DELEGATE_API_NAME "ScenegraphLocationDelegatePlugin"
@@ -46,7 +47,7 @@ typedef struct OvLocationDelegate {
     OvAttributeStruct* (*getSupportedRenderer)(void* instance);
 
     /* The types of location that it handles: strings, owned by the caller. The instance may be
-       null. Must not ask the library for delegates: that would wait for itself. */
+       null. */
     OvAttributeStruct* (*getLocationTypes)(void* instance);
 } OvLocationDelegate;
 

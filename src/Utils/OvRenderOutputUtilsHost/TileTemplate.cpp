@@ -48,7 +48,7 @@ std::string TileTemplate::filledIn(const TileName& name) const {
 }
 
 std::string TileTemplate::lackOfTokens() const {
-    return definition(text_) + " should contain @COLUMN@, @ROW@, @STEM@ and @EXT@, or @DEFAULT@.";
+    return definition(text_) + " should contain @COLUMN@, @ROW@, @STEM@ and @EXT@, or @DEFAULT@";
 }
 
 std::string TileTemplate::lackOfCounts() const {

@@ -15,6 +15,11 @@ using testing::IsEmpty;
 
 namespace {
 
+/// What it tells of a render that is not set up.
+const std::string kNoSettings =
+    "resolution square_512: 512 x 512\n"
+    "camera /root/world/cam/camera: none\n";
+
 class RendererCppExample : public ovtest::RuntimeTest {
 protected:
     RendererCppExample() {
@@ -53,18 +58,18 @@ TEST_F(RendererCppExample, PrintsTheTopOfTheTreeAndCountsAll) {
     fake.set("/root/a/c/e/f", "geometry.points", FloatAttribute({1, 2, 3}, 3));
     const GroupAttribute tree = freshTree();
     job.opTree = tree.handle();
-    EXPECT_EQ(
-        "/root  -\n"
-        "/root/a  group\n"
-        "/root/a/c  -\n"
-        "/root/a/c/e  -\n"
-        "/root/a/d  mesh\n"
-        "/root/b  -\n"
-        "7 locations, 5 levels, 3 points\n"
-        "       4  -\n"
-        "       1  group\n"
-        "       2  mesh\n",
-        render());
+    EXPECT_EQ(kNoSettings +
+                  "/root  -\n"
+                  "/root/a  group\n"
+                  "/root/a/c  -\n"
+                  "/root/a/c/e  -\n"
+                  "/root/a/d  mesh\n"
+                  "/root/b  -\n"
+                  "7 locations, 5 levels, 3 points, 0 materials, 0 shading nodes\n"
+                  "       4  -\n"
+                  "       1  group\n"
+                  "       2  mesh\n",
+              render());
     EXPECT_EQ(1U, fake.take("finalize").size());
     EXPECT_THAT(logs.take(), IsEmpty());
 }
@@ -76,7 +81,11 @@ TEST_F(RendererCppExample, OpensFilesAndNamesWhatItDoesNotKnow) {
     job.opTreeFile = file.c_str();
     job.options = options;
     job.optionCount = 1;
-    EXPECT_EQ("/root  -\n1 locations, 1 levels, 0 points\n       1  -\n", render());
+    EXPECT_EQ(kNoSettings +
+                  "/root  -\n"
+                  "1 locations, 1 levels, 0 points, 0 materials, 0 shading nodes\n"
+                  "       1  -\n",
+              render());
     EXPECT_THAT(logs.take(),
                 ElementsAre(testing::AllOf(HasSubstr("CensusCpp warn"),
                                            HasSubstr("there is no option \"samples=4\""))));
@@ -91,7 +100,7 @@ TEST_F(RendererCppExample, FailsWithTheErrorInTheLog) {
             throw 1;
         }
     });
-    EXPECT_EQ("/root  -\n", render(1));
+    EXPECT_EQ(kNoSettings + "/root  -\n", render(1));
     EXPECT_THAT(
         logs.take(),
         ElementsAre(testing::AllOf(HasSubstr("CensusCpp error"), HasSubstr("no std::exception"))));

@@ -79,6 +79,7 @@ Values countedValues() {
         CountedTables::values().released(attribute);
         realValues->release(attribute);
     };
+    suite.createStringArray = giving<&Values::createStringArray>;
     suite.getChildByIndex = giving<&Values::getChildByIndex>;
     suite.getChildByName = giving<&Values::getChildByName>;
     return suite;
