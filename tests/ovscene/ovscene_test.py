@@ -51,13 +51,15 @@ class General(OvsceneCase):
 
     def test_help_lists_commands_and_exit_statuses(self):
         text = self.ok("--help")
-        for expected in ("import", "tree", "attrs", "stats", "walk", "render", "convert", "why", "ops", "--config FILE",
+        for expected in ("import", "tree", "attrs", "outputs", "tile", "stats", "walk", "render", "convert", "why", "ops",
+                         "plugins", "--config FILE",
                          "--set NAME=VALUE", "--log [NAME=]LEVEL", "--plugins DIR", "Exit statuses:",
                          "8  an asset cannot be imported", "9  a renderer failed"):
             self.assertIn(expected, text)
 
     def test_help_of_each_command_has_an_example(self):
-        for command in ("import", "tree", "attrs", "stats", "walk", "render", "convert", "why", "ops"):
+        for command in ("import", "tree", "attrs", "outputs", "tile", "stats", "walk", "render", "convert", "why", "ops",
+                        "plugins"):
             self.assertIn(f"ovscene {command} ", self.ok(command, "--help"))
 
     def test_wrong_usage(self):
@@ -69,6 +71,13 @@ class General(OvsceneCase):
                           ("import", "a", "b", "--max-bytes", "-5"), ("stats", "f", "--other")):
             with self.subTest(arguments):
                 self.assertIn("--help'", self.fails(2, *arguments))
+
+    def test_an_option_without_its_value_takes_no_other_argument_for_it(self):
+        for arguments, expected in ((("--set=",), "--set: '' is no NAME=VALUE"), (("--depth=",), "--depth: '' is no number"),
+                                    (("--config=",), "--config: '' is no file")):
+            with self.subTest(arguments):
+                self.assertIn(expected, self.fails(2, "tree", *arguments, "small.optree"))
+        self.assertEqual("--set=: No such file or directory", self.fails(3, "tree", "--", "--set="))
 
     def test_a_wrong_number_is_told(self):
         self.assertIn("--depth: '-1' is no number of 0 or more",

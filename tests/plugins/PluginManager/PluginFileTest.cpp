@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -111,6 +113,25 @@ TEST_F(PluginFile, IsFoundWhenTheDirectoryIsSearchedAgain) {
     PluginManager::setSearchDirectories({growing.string()});
     EXPECT_THAT(namesOf("Fixture", 1), ElementsAre("Apple", "Zebra"));
     EXPECT_EQ("", reasonFor((growing / "Good.so").string(), ""));
+}
+
+TEST_F(PluginFile, IsRejectedWhenItIsCutShort) {
+    namespace fs = std::filesystem;
+    const fs::path cut = fs::path(OV_TEST_OUTPUT_DIR) / "cut";
+    fs::remove_all(cut);
+    fs::create_directories(cut);
+    const std::uintmax_t whole = fs::file_size(folder("first/Good.so"));
+    for (std::uintmax_t size = 0; size < whole; size += whole / 64 + 1) {
+        const fs::path file = cut / (std::to_string(size) + ".so");
+        fs::copy_file(folder("first/Good.so"), file);
+        fs::resize_file(file, size);
+    }
+    PluginManager::setSearchDirectories({cut.string()});
+    std::size_t cutShort = 0;
+    for (const RejectedPlugin& one : PluginManager::getRejectedPlugins()) {
+        cutShort += one.reason == "is cut short" ? 1 : 0;
+    }
+    EXPECT_LT(0U, cutShort);
 }
 
 TEST_F(PluginFile, StaysLoadedWhenItsDirectoryIsLeft) {

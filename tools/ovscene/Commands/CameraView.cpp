@@ -2,18 +2,13 @@
 #include "Commands/CameraView.h"
 
 #include <OvSylvarProducers/Projection.h>
-#include <OvSylvarProducers/RenderResolution.h>
-#include <ResolutionTableOv/ResolutionTable.h>
+#include <OvSylvarProducers/ScenegraphIteratorHost.h>
 
-#include "Commands/NearName.h"
 #include "ExitStatus.h"
 #include "Print/AttributeText.h"
-#include "Print/NumberText.h"
+#include "Scene/HostTables.h"
 #include "Scene/SceneProducer.h"
 #include "Scene/SceneWalk.h"
-
-#include <stdexcept>
-#include <vector>
 
 namespace ovscene {
 namespace {
@@ -25,18 +20,13 @@ using OvAttribute::StringAttribute;
 using SYLVAR::GeometryProducerPtr;
 
 constexpr char kCameraSetting[] = "renderSettings.cameraName";
-constexpr char kResolutionSetting[] = "renderSettings.resolution";
-
-StringAttribute setting(const GeometryProducerPtr& top, const char* name) {
-    return castAttribute<StringAttribute>(top->getAttribute(name));
-}
 
 /// Who named the camera that is not there.
 std::string originOf(const GeometryProducerPtr& top, bool isRenders) {
     if (!isRenders) {
         return "--camera names it";
     }
-    return setting(top, kCameraSetting)
+    return castAttribute<StringAttribute>(top->getAttribute(kCameraSetting))
                ? std::string(kCameraSetting) + " names it"
                : std::string("the usual one, since the string ") + kCameraSetting + " is not set";
 }
@@ -83,35 +73,6 @@ std::string whyUnreadable(const GeometryProducerPtr& location) {
                            (location ? whyUnreadable(location) : whyMissing(file, view.path)));
 }
 
-[[noreturn]] void throwNoResolution(const SceneFile& file,
-                                    const GeometryProducerPtr& top,
-                                    const std::string& reason) {
-    const auto table = ORM_OV::ResolutionTable::v4::GetResolutionTable(nullptr);
-    if (!table) {
-        throw CommandError(ExitStatus::Unexpected, file.name + ": " + reason);
-    }
-    const std::string name = getStringValue(setting(top, kResolutionSetting), "", false);
-    const std::vector<std::string> names = table->getNames();
-    const std::string near = nearName(name, names);
-    throw CommandError(
-        ExitStatus::NotFound,
-        file.name + ": no resolution '" + name + "' (" + kResolutionSetting + " names it); " +
-            (near.empty() ? "the table has " +
-                                counted(static_cast<std::int64_t>(names.size()), "resolution") +
-                                ", none of that name"
-                          : "did you mean '" + near + "'?"));
-}
-
-Picture pictureOf(const SceneFile& file, const GeometryProducerPtr& top) {
-    Picture picture;
-    try {
-        SYLVAR::GetRenderResolution(&picture.name, &picture.width, &picture.height, top);
-    } catch (const std::runtime_error& error) {
-        throwNoResolution(file, top, error.what());
-    }
-    return picture;
-}
-
 /// As the scene spells it, of a path that a person wrote.
 std::string fullPath(const SceneFile& file,
                      const GeometryProducerPtr& top,
@@ -132,7 +93,8 @@ CameraView cameraView(const SceneFile& file,
     if (!view.info) {
         throwNoCamera(file, top, view);
     }
-    view.picture = pictureOf(file, top);
+    const Location location = hostScene().share(SYLVAR::OvGeometryProducerToHandle(top));
+    view.picture = renderPicture(file.name, location.handle());
     view.projection = SYLVAR::GetProjectionMatrix(*view.info, view.picture.aspect());
     return view;
 }

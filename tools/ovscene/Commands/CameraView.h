@@ -3,6 +3,7 @@
 
 #include <OvSylvarProducers/CameraInfo.h>
 
+#include "Commands/RenderPicture.h"
 #include "Scene/SceneFile.h"
 
 #include <Imath/ImathMatrix.h>
@@ -12,15 +13,6 @@
 #include <string>
 
 namespace ovscene {
-
-/// The size of a picture in pixels.
-struct Picture {
-    std::string name;
-    int width = 0;
-    int height = 0;
-
-    float aspect() const { return static_cast<float>(width) / static_cast<float>(height); }
-};
 
 /// What a render of a scene is seen through.
 struct CameraView {

@@ -9,11 +9,14 @@
 #include "Print/Output.h"
 #include "Print/Terminal.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstddef>
 #include <exception>
 #include <new>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace ovscene {
 namespace {
@@ -69,12 +72,15 @@ void addCommands(CLI::App& app, Output& output, ServiceOptions& services) {
     addArgsCommand(app, output);
     addCameraCommand(app, output);
     addMaterialCommand(app, output);
+    addOutputsCommand(app, output);
+    addTileCommand(app, output);
     addStatsCommand(app, output);
     addWalkCommand(app, output);
     addRenderCommand(app, output);
     addConvertCommand(app, output);
     addWhyCommand(app, output);
     addOpsCommand(app, output);
+    addPluginsCommand(app, output);
     for (CLI::App* command : app.get_subcommands({})) {
         command->group("Commands");
         command->fallthrough();  // the program's own options may stand behind the command too
@@ -90,9 +96,34 @@ int failUsage(const CLI::App& app, const CLI::ParseError& error) {
                 std::string(error.what()) + " (see 'ovscene" + command + " --help')");
 }
 
+bool isOptionWithoutValue(const std::string& argument) {
+    return argument.rfind("--", 0) == 0 && argument.find('=') == argument.size() - 1;
+}
+
+/// The arguments as the parser takes them, the last one first. Of "--name=" it would take the
+/// argument behind it for the value, and so the empty one is put there.
+std::vector<std::string> argumentsFor(int argc, char** argv) {
+    std::vector<std::string> arguments;
+    bool mayBeOption = true;
+    for (int i = 1; i < argc; ++i) {
+        std::string argument = argv[i];
+        mayBeOption = mayBeOption && argument != "--";
+        const bool hasNoValue = mayBeOption && isOptionWithoutValue(argument);
+        if (hasNoValue) {
+            argument.pop_back();
+        }
+        arguments.push_back(std::move(argument));
+        if (hasNoValue) {
+            arguments.emplace_back();
+        }
+    }
+    std::reverse(arguments.begin(), arguments.end());
+    return arguments;
+}
+
 void parse(CLI::App& app, int argc, char** argv, Output& output) {
     try {
-        app.parse(argc, argv);
+        app.parse(argumentsFor(argc, argv));
     } catch (const CLI::CallForHelp&) {
         output.write(app.help());
     } catch (const CLI::CallForVersion&) {

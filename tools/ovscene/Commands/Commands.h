@@ -15,11 +15,14 @@ void addAttrsCommand(CLI::App& app, Output& output);
 void addArgsCommand(CLI::App& app, Output& output);
 void addCameraCommand(CLI::App& app, Output& output);
 void addMaterialCommand(CLI::App& app, Output& output);
+void addOutputsCommand(CLI::App& app, Output& output);
+void addTileCommand(CLI::App& app, Output& output);
 void addStatsCommand(CLI::App& app, Output& output);
 void addWalkCommand(CLI::App& app, Output& output);
 void addRenderCommand(CLI::App& app, Output& output);
 void addConvertCommand(CLI::App& app, Output& output);
 void addWhyCommand(CLI::App& app, Output& output);
 void addOpsCommand(CLI::App& app, Output& output);
+void addPluginsCommand(CLI::App& app, Output& output);
 
 }  // namespace ovscene

@@ -36,10 +36,20 @@ std::string checkInt(const std::string& text) {
     return readsAs(text, number) ? "" : "'" + text + "' is no whole number of 32 bits";
 }
 
+std::string checkNumber(const std::string& text) {
+    float number = 0;
+    const bool fits = readsAs(text, number) && std::isfinite(number);
+    return fits ? "" : "'" + text + "' is no decimal number that a float holds";
+}
+
 }  // namespace
 
 CLI::Validator isInt() {
     return CLI::Validator(checkInt, "int");
+}
+
+CLI::Validator isNumber() {
+    return CLI::Validator(checkNumber, "number");
 }
 
 CLI::Validator isNumberList(std::size_t count) {

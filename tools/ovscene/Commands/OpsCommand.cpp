@@ -5,14 +5,13 @@
 #include "Print/JsonOutput.h"
 #include "Print/NumberText.h"
 #include "Print/SafeText.h"
-#include "Print/Table.h"
 #include "Print/Terminal.h"
+#include "Print/TextTable.h"
 #include "Print/WrappedText.h"
 #include "Scene/OpTypes.h"
 #include "Scene/PluginFolders.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -24,52 +23,9 @@ namespace {
 
 using OpTypeList = std::vector<OpTypeDescription>;
 
-constexpr std::size_t kFewestTextColumns = 30;
-
 struct OpsOptions {
     std::string name;
     bool json = false;
-};
-
-/// Lines whose last cell is a text, wrapped into what the other cells leave of the terminal.
-class TextTable {
-public:
-    explicit TextTable(Output& output) : output_(output) {}
-
-    void add(std::vector<Cell> cells, std::string text) {
-        widths_.resize(std::max(widths_.size(), cells.size()));
-        for (std::size_t i = 0; i < cells.size(); ++i) {
-            widths_[i] = std::max(widths_[i], cells[i].width);
-        }
-        lines_.emplace_back(std::move(cells), std::move(text));
-    }
-
-    void finish() {
-        Table table(output_);
-        for (auto& [cells, text] : lines_) {
-            const std::vector<Cell> none(cells.size());
-            for (const std::string& line : wrappedLines(text, textColumns())) {
-                cells.push_back(Cell::left(line));
-                table.add(std::exchange(cells, none));
-            }
-        }
-        table.finish();
-    }
-
-private:
-    std::size_t textColumns() const {
-        constexpr std::size_t kGap = 2;
-        std::size_t taken = 0;
-        for (const std::size_t width : widths_) {
-            taken += width + kGap;
-        }
-        const std::size_t columns = outputColumns();
-        return std::max(kFewestTextColumns, columns - std::min(columns, taken));
-    }
-
-    Output& output_;
-    std::vector<std::size_t> widths_;
-    std::vector<std::pair<std::vector<Cell>, std::string>> lines_;
 };
 
 /// "none", "1", "1 or 2", "2 to 4", "1 or more", "any number".
@@ -96,12 +52,6 @@ void printList(const OpTypeList& types, Output& output) {
     }
     table.finish();
     output.write("\n" + counted(static_cast<std::int64_t>(types.size()), "op type") + "\n");
-}
-
-void printParagraph(std::string_view text, Output& output) {
-    for (const std::string& line : wrappedLines(text, outputColumns())) {
-        output.write(line + "\n");
-    }
 }
 
 void printArguments(const OpTypeDescription& type, Output& output) {

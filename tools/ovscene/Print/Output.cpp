@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
 
@@ -56,6 +57,20 @@ void Output::flush() {
 void Output::flushWhenFull() {
     if (buffer_.size() >= kBufferSize) {
         flush();
+    }
+}
+
+ForeignOutputAside::ForeignOutputAside() : output_(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0)) {
+    if (output_ != -1) {
+        ::dup2(STDERR_FILENO, STDOUT_FILENO);
+    }
+}
+
+ForeignOutputAside::~ForeignOutputAside() {
+    if (output_ != -1) {
+        std::fflush(stdout);  // while it still goes to the error stream
+        ::dup2(output_, STDOUT_FILENO);
+        ::close(output_);
     }
 }
 

@@ -31,6 +31,19 @@ private:
     std::string buffer_;
 };
 
+/// While it lives, what plug-ins write to the standard output goes to the error stream, so that it
+/// does not get between what the program itself writes. For the whole process; one at a time.
+class ForeignOutputAside {
+public:
+    ForeignOutputAside();
+    ~ForeignOutputAside();
+    ForeignOutputAside(const ForeignOutputAside&) = delete;
+    ForeignOutputAside& operator=(const ForeignOutputAside&) = delete;
+
+private:
+    int output_;  ///< The standard output; -1 when it could not be put aside.
+};
+
 /// Writes what plug-ins left in the C library's buffer of the standard output. Throws as `Output`
 /// does, also for what it could not write before.
 void flushForeignOutput();

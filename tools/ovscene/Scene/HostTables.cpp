@@ -21,6 +21,19 @@ Scene findScene() {
     return *scene;
 }
 
+const OvRenderOutputUtilsSuite& findRenderOutputUtils() {
+    publishHostTables();
+    const void* const suite = OvGetHostTable()->findSuite(OV_RENDER_OUTPUT_UTILS_SUITE_NAME,
+                                                          OV_RENDER_OUTPUT_UTILS_SUITE_VERSION);
+    if (!suite) {
+        throw CommandError(ExitStatus::Unexpected,
+                           "the host has no suite \"" OV_RENDER_OUTPUT_UTILS_SUITE_NAME
+                           "\", version " +
+                               std::to_string(OV_RENDER_OUTPUT_UTILS_SUITE_VERSION));
+    }
+    return *static_cast<const OvRenderOutputUtilsSuite*>(suite);
+}
+
 }  // namespace
 
 void publishHostTables() {
@@ -35,6 +48,11 @@ void publishHostTables() {
 const Scene& hostScene() {
     static const Scene scene = findScene();
     return scene;
+}
+
+const OvRenderOutputUtilsSuite& hostRenderOutputUtils() {
+    static const OvRenderOutputUtilsSuite& suite = findRenderOutputUtils();
+    return suite;
 }
 
 }  // namespace ovscene

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <OvSylvarProducers/suites/RenderOutputUtilsSuite.h>
 #include <OvSylvarProducers/suites/Scene.hpp>
 
 #include <stdexcept>
@@ -17,6 +18,9 @@ void publishHostTables();
 /// The scene table, found in the host's. Throws a `CommandError`, Unexpected, when it cannot be
 /// published, or when a table is not there. Any thread.
 const SYLVAR::Suites::Scene& hostScene();
+
+/// The render output table, found in the host's. Throws as `hostScene` does. Any thread.
+const OvRenderOutputUtilsSuite& hostRenderOutputUtils();
 
 /// What a table gave. An error in its place becomes an exception of the same text: what the runtime
 /// threw comes through the tables as it was.

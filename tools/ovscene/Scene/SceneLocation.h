@@ -48,6 +48,9 @@ public:
     /// above it, and has its name alone for a path.
     SYLVAR::GeometryProducerPtr producer() const;
 
+    /// What the host's tables take for it, borrowed. Never null.
+    OvSgIteratorStruct* handle() const { return location_.handle(); }
+
     /// The client of the runtime with which the calling thread cooks; empty for a static scene.
     std::shared_ptr<Sylvar3::internal::OvSylvar::SylvarRuntime::Client> client() const;
 

@@ -2,6 +2,7 @@
 #include "Platform/Embedded/Services/PluginFile.h"
 
 #include "Platform/Embedded/Services/ForeignCall.h"
+#include "Platform/Embedded/Services/SharedObjectFile.h"
 
 #include <dlfcn.h>
 #include <utility>
@@ -11,6 +12,10 @@ namespace {
 
 /// Opens the file for good; null and the reason when that fails.
 void* open(const std::string& filename, std::string& fault) {
+    if (isCutShort(filename)) {
+        fault = "is cut short";
+        return nullptr;
+    }
     void* library = nullptr;
     fault = faultOfCall("loading", [&] {
         library = dlopen(filename.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
