@@ -71,8 +71,7 @@ typedef struct OvRenderOutputUtilsSuite {
     /* What a procedural is told when it is called, from a group attribute of its location: a
        command line, or XML (the styles above). The crop window stands there in the order in which
        it is given. "" for any other style; null, whatever the style, when the attribute is no
-       group. Throws std::runtime_error, "No root producer given for determining render camera
-       path.". */
+       group. Where the group asks for the camera it throws what getCameraInfo throws. */
     OvAttributeStruct* (*buildProceduralArgumentsString)(OvSgIteratorStruct* iterator,
                                                          int style,
                                                          const char* attributeName,
