@@ -88,7 +88,8 @@ static int64_t childCount(OvAttributeStruct* group) {
 
 /* ---- The render --------------------------------------------------------------------------- */
 
-/* A name that the resolution table does not have ends the render with an exception. */
+/* A name that the resolution table does not have ends the render with an exception, and what is held
+   by then is lost: C cannot give it back. */
 static void printResolution(OvSgIteratorStruct* root, FILE* file) {
     int width = 0;
     int height = 0;
