@@ -32,6 +32,7 @@ protected:
         ovtest::emptySceneCaches();
         fake.set("/root/a", "procedural", written(R"({"includeCameraInfo": "As Parameters",
                              "cameraInfo": {"whichCamera": "Other Camera", "cameraPath": "/root/b"}})"));
+        fake.set("/root/a", "plain", written(R"({"args": {"n": 3}})"));
         fake.set("/root", "material", written(R"({"surfaceShader": "standard"})"));
         root = openTree();
         a = step(table.sgGetFirstChild(root, 0));
@@ -85,7 +86,11 @@ TEST_F(ForwardedRuntimeException, IsMetByNoEntryThatReadsTheLocationAndThoseAbov
     fake.throwIn("cookLocation");
     const ovtest::Network network(outputs.getShadingNetworkNodesFromIterator(a));
     for (OvAttributeStruct* const answer :
-         {outputs.getRenderResolution(a, nullptr, nullptr),
+         {outputs.buildProceduralArgumentsString(
+              a, OV_PROCEDURAL_ARGUMENTS_CLASSIC, "plain", 1, 0, 0, 0, 0, 0, 0, 1, 1),
+          outputs.buildProceduralArgumentsString(
+              a, OV_PROCEDURAL_ARGUMENTS_SCENEGRAPH_ATTR, "plain", 1, 0, 0, 0, 0, 0, 0, 1, 1),
+          outputs.getRenderResolution(a, nullptr, nullptr),
           outputs.getCameraPath(a),
           outputs.getFlattenedMaterialAttr(a, surface.handle()),
           outputs.getRenderOutputTempLocation(a, "beauty", "", "", 1),
