@@ -78,12 +78,15 @@ TEST_F(LocationDelegateCache, IsInitializedByTheNextQuestionWhenMemoryRanOut) {
     search({"first"});
     ScriptedDelegate& delta = script("Delta", {"mesh"});
     delta.onCall = [](int, void*) { throw std::bad_alloc(); };
+    std::vector<std::string> types = {"what was there"};
+    EXPECT_THROW(Cache::getLocationTypesWithDelegates(types, ""), std::bad_alloc);
+    EXPECT_THAT(types, IsEmpty());
     EXPECT_THROW(Cache::getPluginSuite("mesh", ""), std::bad_alloc);
     EXPECT_FALSE(Cache::isCacheInitialized());
     delta.onCall = nullptr;
     EXPECT_EQ("Delta", delegateFor("mesh"));
     EXPECT_TRUE(Cache::isCacheInitialized());
-    EXPECT_STREQ("cctr", delta.calls);
+    EXPECT_STREQ("ccctr", delta.calls);
 }
 
 TEST_F(LocationDelegateCache, NeverSeesPluginsThatAreLoadedLater) {
