@@ -102,6 +102,18 @@ TEST(Initialize, RegistersTheSameTablesWhenItIsCalledAgain) {
         EXPECT_EQ(registrations()[i].suite, registrations()[i + 3].suite) << i;
     }
     EXPECT_NE(registrations()[0].suite, registrations()[1].suite);
+    EXPECT_NE(registrations()[0].suite, registrations()[2].suite);
+    EXPECT_NE(registrations()[1].suite, registrations()[2].suite);
+}
+
+TEST(Initialize, GivesEveryHostTheSameTables) {
+    const OvHostTable host = hostWith(note);
+    OvSylvarProducersInitialize(&host);
+    const OvHostTable& other = *OvGetHostTable();
+    ASSERT_EQ(OV_HOST_SUITE_REGISTERED, OvSylvarProducersInitialize(&other));
+    for (const Registration& one : registrations()) {
+        EXPECT_EQ(one.suite, other.findSuite(one.name.c_str(), one.version)) << one.name;
+    }
 }
 
 TEST(Initialize, IsExportedByItsPlainName) {

@@ -44,6 +44,20 @@ TEST_F(IteratorException, OfTheRuntimeTravelsThroughEveryStep) {
     EXPECT_EQ("fault of evict", thrownThroughC(kFirstChild, root, nullptr));
 }
 
+TEST_F(IteratorException, OfTheRuntimeIsMetByNothingThatReadsTheLocationAndThoseAboveItAlone) {
+    const Handle x = step(table.sgGetByPath(openTree(), "/root/a/x", 0));
+    fake.take();
+    fake.throwIn("cookLocation");
+    for (OvAttributeStruct* const answer : {table.sgGetAttribute(x, ""),
+                                            table.sgGetGlobalAttribute(x, "none"),
+                                            table.sgGetAttributeNames(x),
+                                            table.sgGetGlobalXFormGroup(x),
+                                            table.sgGetPotentialChildren(x)}) {
+        ovtest::FakeRuntime::Attribute::adopt(answer);
+    }
+    EXPECT_EQ(Names(), fake.take("cookLocation"));
+}
+
 TEST_F(IteratorException, OfANameWithASlashLeavesChildByName) {
     const Handle root = openTree();
     EXPECT_EQ("getChildByName does not support deep child lookups",

@@ -21,8 +21,8 @@ extern "C" {
  * three handles that are counted, and one that is not:
  *
  * - A camera, a shading node, a connection of a shading node: every entry that gives one makes a
- * new handle with one reference, for the caller to give back with the release entry of its kind.
- * Two handles may stand for the same object.
+ *   new handle with one reference, for the caller to give back with the release entry of its kind.
+ *   Two handles may stand for the same object.
  * - The nodes of a network: freed by freeShadingNetworkNodes, once. A node that was taken from them
  *   stays.
  *
@@ -91,7 +91,8 @@ typedef struct OvRenderOutputUtilsSuite {
 
     /* How many pixels the location's "bound" takes up through a camera, in a picture of the named
        resolution. 0 when there is no such camera or resolution, and for a null iterator. Throws
-       std::runtime_error, "Cannot get bounds attribute on <path>". */
+       what getCameraInfo throws, and std::runtime_error, "Cannot get bounds attribute on <path>",
+       for a camera and a resolution that are there. */
     int (*getPixelAreaThroughCamera)(OvSgIteratorStruct* iterator,
                                      const char* cameraPath,
                                      const char* resolutionName);

@@ -3,6 +3,7 @@
 #define SYLVAR_PLATFORM_SUITES_LOCATION_DELEGATE_H
 
 #include <SylvarPlatform/suites/AttributeSuite.h>
+#include <SylvarPlatform/suites/TableLayout.h>
 
 #ifdef __cplusplus
 extern "C" {
@@ -50,6 +51,13 @@ typedef struct OvLocationDelegate {
        null. */
     OvAttributeStruct* (*getLocationTypes)(void* instance);
 } OvLocationDelegate;
+
+OV_REQUIRE(OvLocationDelegateOrder,
+           OV_TABLE_PLACE(OvLocationDelegate, create) == 1 &&
+               OV_TABLE_PLACE(OvLocationDelegate, destroy) == 2 &&
+               OV_TABLE_PLACE(OvLocationDelegate, process) == 3 &&
+               OV_TABLE_PLACE(OvLocationDelegate, getSupportedRenderer) == 4 &&
+               OV_TABLE_PLACE(OvLocationDelegate, getLocationTypes) == 5);
 
 #ifdef __cplusplus
 }

@@ -14,7 +14,8 @@ struct ImagePath {
     std::string extension;
 };
 
-/// Divides a path as Boost.Filesystem version 3 does. One of slashes alone is a directory.
+/// Divides a path as Boost.Filesystem version 3 does; but one of slashes alone is a directory,
+/// where that one makes a file name of up to three of them and throws for more.
 ImagePath dividedPath(const std::string& path);
 
 }  // namespace SYLVAR

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "plugins/LocationDelegate/DelegateTest.h"
+#include "support/Sanitized.h"
+
+#include <new>
 
 namespace {
 
@@ -66,6 +69,24 @@ TEST_F(LocationDelegateCache, IsEmptyAndInitializedWithoutPlugins) {
     EXPECT_THAT(typesFor(), IsEmpty());
     EXPECT_THAT(typesFor("ray"), IsEmpty());
     EXPECT_TRUE(Cache::isCacheInitialized());
+}
+
+TEST_F(LocationDelegateCache, IsInitializedByTheNextQuestionWhenMemoryRanOut) {
+    if (ovtest::kIsSanitized) {
+        GTEST_SKIP() << "to the thread sanitizer a once-flag that threw is still being set";
+    }
+    search({"first"});
+    ScriptedDelegate& delta = script("Delta", {"mesh"});
+    delta.onCall = [](int, void*) { throw std::bad_alloc(); };
+    std::vector<std::string> types = {"what was there"};
+    EXPECT_THROW(Cache::getLocationTypesWithDelegates(types, ""), std::bad_alloc);
+    EXPECT_THAT(types, IsEmpty());
+    EXPECT_THROW(Cache::getPluginSuite("mesh", ""), std::bad_alloc);
+    EXPECT_FALSE(Cache::isCacheInitialized());
+    delta.onCall = nullptr;
+    EXPECT_EQ("Delta", delegateFor("mesh"));
+    EXPECT_TRUE(Cache::isCacheInitialized());
+    EXPECT_STREQ("ccctr", delta.calls);
 }
 
 TEST_F(LocationDelegateCache, NeverSeesPluginsThatAreLoadedLater) {

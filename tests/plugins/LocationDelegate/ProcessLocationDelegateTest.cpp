@@ -119,6 +119,14 @@ TEST_F(ProcessLocationDelegate, IsFalseWithoutADelegateAndTheResultStaysAsItWas)
     EXPECT_STREQ("ctr", delta.calls);
 }
 
+TEST_F(ProcessLocationDelegate, AsksNobodyWithoutAType) {
+    search({"first"});
+    const ScriptedDelegate& delta = script("Delta", {"mesh"}, "ray");
+    EXPECT_FALSE(table().processLocationDelegate(nullptr, "ray", nullptr, nullptr, nullptr));
+    EXPECT_FALSE(Cache::isCacheInitialized());
+    EXPECT_STREQ("", delta.calls);
+}
+
 TEST_F(ProcessLocationDelegate, TakesTheEmptyTypeForAType) {
     search({"first"});
     script("Delta", {""}, "ray").instance = opaque<void>();

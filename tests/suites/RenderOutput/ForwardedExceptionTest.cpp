@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // What an operation throws leaves the table as it is.
+#include "support/FreshCaches.h"
 #include "support/IteratorTest.h"
 #include "support/RenderOutputTest.h"
 
@@ -28,13 +29,15 @@ class ForwardedException : public ovtest::RenderOutputTest {};
 class ForwardedRuntimeException : public ovtest::IteratorTest {
 protected:
     ForwardedRuntimeException() {
-        SYLVAR::ClearCameraInfoCache();
+        ovtest::emptySceneCaches();
         fake.set("/root/a", "procedural", written(R"({"includeCameraInfo": "As Parameters",
                              "cameraInfo": {"whichCamera": "Other Camera", "cameraPath": "/root/b"}})"));
+        fake.set("/root/a", "plain", written(R"({"args": {"n": 3}})"));
+        fake.set("/root", "material", written(R"({"surfaceShader": "standard"})"));
         root = openTree();
         a = step(table.sgGetFirstChild(root, 0));
     }
-    ~ForwardedRuntimeException() override { SYLVAR::ClearCameraInfoCache(); }
+    ~ForwardedRuntimeException() override { ovtest::emptySceneCaches(); }
 
     const OvRenderOutputUtilsSuite& outputs = ovtest::renderOutputTable();
     Handle root = nullptr;
@@ -75,4 +78,24 @@ TEST_F(ForwardedRuntimeException, TravelsThroughEveryEntryThatLooksForACamera) {
                       a, OV_PROCEDURAL_ARGUMENTS_CLASSIC, "procedural", 1, 0, 0, 0, 0, 0, 0, 1, 1);
               }));
     EXPECT_THAT(logs.take(), IsEmpty());
+}
+
+TEST_F(ForwardedRuntimeException, IsMetByNoEntryThatReadsTheLocationAndThoseAboveItAlone) {
+    const Sylvar3::internal::OvAttribute::StringAttribute surface("surface");
+    fake.take();
+    fake.throwIn("cookLocation");
+    const ovtest::Network network(outputs.getShadingNetworkNodesFromIterator(a));
+    for (OvAttributeStruct* const answer :
+         {outputs.buildProceduralArgumentsString(
+              a, OV_PROCEDURAL_ARGUMENTS_CLASSIC, "plain", 1, 0, 0, 0, 0, 0, 0, 1, 1),
+          outputs.buildProceduralArgumentsString(
+              a, OV_PROCEDURAL_ARGUMENTS_SCENEGRAPH_ATTR, "plain", 1, 0, 0, 0, 0, 0, 0, 1, 1),
+          outputs.getRenderResolution(a, nullptr, nullptr),
+          outputs.getCameraPath(a),
+          outputs.getFlattenedMaterialAttr(a, surface.handle()),
+          outputs.getRenderOutputTempLocation(a, "beauty", "", "", 1),
+          outputs.processTilePath(a, "/a/b.exr")}) {
+        EXPECT_TRUE(SYLVAR::Attribute::adopt(answer).isValid());
+    }
+    EXPECT_THAT(fake.take("cookLocation"), IsEmpty());
 }

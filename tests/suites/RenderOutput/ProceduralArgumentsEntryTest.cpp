@@ -110,6 +110,11 @@ TEST_F(ProceduralArgumentsEntry, AreReadUnderADottedName) {
     EXPECT_EQ(std::string(" -a 1") + kTail, text(scene, kClassic, "procedural.inner"));
 }
 
+TEST_F(ProceduralArgumentsEntry, AreReadOfAllAttributesUnderTheEmptyName) {
+    const StaticScene scene = StaticScene().set("/root/a", "args", written(R"({"a": 1})"));
+    EXPECT_EQ(std::string(" -a 1") + kTail, text(scene, kClassic, ""));
+}
+
 TEST_F(ProceduralArgumentsEntry, TellOfACameraOfAnotherPath) {
     StaticScene scene = cameraScene();
     scene.set("/root/other", "geometry", written(ovtest::kLens))

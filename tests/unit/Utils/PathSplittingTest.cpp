@@ -6,8 +6,6 @@
 
 namespace {
 
-using PathSplitting = ovtest::TilePathTest;
-
 /// A path, that of its tile, and that by a template which shows stem and extension apart.
 struct Row {
     std::string path;
@@ -15,9 +13,21 @@ struct Row {
     std::string parts;
 };
 
-const std::vector<Row>& rows() {
-    static const std::vector<Row> all = {
-        // Names alone.
+class PathSplitting : public ovtest::TilePathTest {
+protected:
+    static void expectDivided(const std::vector<Row>& rows) {
+        for (const Row& row : rows) {
+            EXPECT_EQ(row.tile, tilePath(row.path)) << row.path;
+            EXPECT_EQ(row.tile, byTemplate("@DEFAULT@", row.path)) << row.path;
+            EXPECT_EQ(row.parts, byTemplate("@COLUMN@@ROW@[@STEM@][@EXT@]", row.path)) << row.path;
+        }
+    }
+};
+
+}  // namespace
+
+TEST_F(PathSplitting, DividesNamesAtTheirLastDot) {
+    expectDivided({
         {"", "tile_1_2.", "12[][]"},
         {"x", "tile_1_2.x", "12[x][]"},
         {"x.", "tile_1_2.x.", "12[x][.]"},
@@ -25,7 +35,6 @@ const std::vector<Row>& rows() {
         {"x.y.z", "tile_1_2.x.y.z", "12[x.y][.z]"},
         {"x..", "tile_1_2.x..", "12[x.][.]"},
         {"x..y", "tile_1_2.x..y", "12[x.][.y]"},
-        {".hidden", "tile_1_2..hidden", "12[][.hidden]"},
         {".hidden.exr", "tile_1_2..hidden.exr", "12[.hidden][.exr]"},
         {"..x", "tile_1_2...x", "12[.][.x]"},
         {"...", "tile_1_2....", "12[..][.]"},
@@ -38,8 +47,18 @@ const std::vector<Row>& rows() {
         {"c:x.exr", "tile_1_2.c:x.exr", "12[c:x][.exr]"},
         {"\xC3\xA9.exr", "tile_1_2.\xC3\xA9.exr", "12[\xC3\xA9][.exr]"},
         {"\xFF.\xFE", "tile_1_2.\xFF.\xFE", "12[\xFF][.\xFE]"},
+    });
+}
 
-        // In a directory.
+TEST_F(PathSplitting, HasAnExtensionAndNoStemWhereTheOnlyDotComesFirst) {
+    expectDivided({
+        {".hidden", "tile_1_2..hidden", "12[][.hidden]"},
+        {"dir.d/.x", "dir.d/tile_1_2..x", "dir.d/12[][.x]"},
+    });
+}
+
+TEST_F(PathSplitting, LeavesTheDirectoryAndPutsTheTileInFrontOfTheFileName) {
+    expectDivided({
         {"a/x.exr", "a/tile_1_2.x.exr", "a/12[x][.exr]"},
         {"/x.exr", "/tile_1_2.x.exr", "/12[x][.exr]"},
         {"/a/x.exr", "/a/tile_1_2.x.exr", "/a/12[x][.exr]"},
@@ -47,7 +66,6 @@ const std::vector<Row>& rows() {
         {"../x.exr", "../tile_1_2.x.exr", "../12[x][.exr]"},
         {"/a/../x.exr", "/a/../tile_1_2.x.exr", "/a/../12[x][.exr]"},
         {"dir.d/x", "dir.d/tile_1_2.x", "dir.d/12[x][]"},
-        {"dir.d/.x", "dir.d/tile_1_2..x", "dir.d/12[][.x]"},
         {"a/.hidden.exr", "a/tile_1_2..hidden.exr", "a/12[.hidden][.exr]"},
         {"a/..", "a/tile_1_2...", "a/12[..][]"},
         {"a/.", "a/tile_1_2..", "a/12[.][]"},
@@ -58,8 +76,11 @@ const std::vector<Row>& rows() {
         {"a/ ", "a/tile_1_2. ", "a/12[ ][]"},
         {"\xFF/\xFE.exr", "\xFF/tile_1_2.\xFE.exr", "\xFF/12[\xFE][.exr]"},
         {"~/x.exr", "~/tile_1_2.x.exr", "~/12[x][.exr]"},
+    });
+}
 
-        // A directory alone has the file name ".".
+TEST_F(PathSplitting, HasADotForTheFileNameOfADirectoryAlone) {
+    expectDivided({
         {"a/", "a/tile_1_2..", "a/12[.][]"},
         {"/a/", "/a/tile_1_2..", "/a/12[.][]"},
         {"/a/b.exr/", "/a/b.exr/tile_1_2..", "/a/b.exr/12[.][]"},
@@ -68,16 +89,22 @@ const std::vector<Row>& rows() {
         {"a/./", "a/./tile_1_2..", "a/./12[.][]"},
         {"a//", "a/tile_1_2..", "a/12[.][]"},
         {"///a///", "///a/tile_1_2..", "///a/12[.][]"},
+    });
+}
 
-        // Slashes in front of the file name that are too many fall away.
+TEST_F(PathSplitting, LosesSlashesInFrontOfTheFileNameThatAreTooMany) {
+    expectDivided({
         {"a//b.exr", "a/tile_1_2.b.exr", "a/12[b][.exr]"},
         {"a///b.exr", "a/tile_1_2.b.exr", "a/12[b][.exr]"},
         {"a//b//c.exr", "a//b/tile_1_2.c.exr", "a//b/12[c][.exr]"},
         {"///b.exr", "/tile_1_2.b.exr", "/12[b][.exr]"},
         {"///a/b.exr", "///a/tile_1_2.b.exr", "///a/12[b][.exr]"},
         {"///a///b.exr", "///a/tile_1_2.b.exr", "///a/12[b][.exr]"},
+    });
+}
 
-        // Two slashes and a name are one name, that of a host.
+TEST_F(PathSplitting, TakesTwoSlashesAndANameForOneNameThatOfAHost) {
+    expectDivided({
         {"//net/x.exr", "//net/tile_1_2.x.exr", "//net/12[x][.exr]"},
         {"//net//x.exr", "//net/tile_1_2.x.exr", "//net/12[x][.exr]"},
         {"//net/a/x.exr", "//net/a/tile_1_2.x.exr", "//net/a/12[x][.exr]"},
@@ -87,30 +114,17 @@ const std::vector<Row>& rows() {
         {"//a", "tile_1_2.//a", "12[//a][]"},
         {"//..", "tile_1_2.//..", "12[//.][.]"},
         {"//net/", "//net/tile_1_2./", "//net/12[/][]"},
+    });
+}
 
-        // Slashes alone.
+TEST_F(PathSplitting, HasNoFileNameForSlashesAlone) {
+    expectDivided({
         {"/", "/tile_1_2.", "/12[][]"},
         {"//", "//tile_1_2.", "//12[][]"},
         {"///", "///tile_1_2.", "///12[][]"},
         {"////", "////tile_1_2.", "////12[][]"},
         {"/////////", "/////////tile_1_2.", "/////////12[][]"},
-    };
-    return all;
-}
-
-}  // namespace
-
-TEST_F(PathSplitting, LeavesTheDirectoryAndPutsTheTileInFrontOfTheFileName) {
-    for (const Row& row : rows()) {
-        EXPECT_EQ(row.tile, tilePath(row.path)) << row.path;
-        EXPECT_EQ(row.tile, byTemplate("@DEFAULT@", row.path)) << row.path;
-    }
-}
-
-TEST_F(PathSplitting, TellsTheStemFromTheExtension) {
-    for (const Row& row : rows()) {
-        EXPECT_EQ(row.parts, byTemplate("@COLUMN@@ROW@[@STEM@][@EXT@]", row.path)) << row.path;
-    }
+    });
 }
 
 TEST_F(PathSplitting, TakesPathsOfAnyLength) {

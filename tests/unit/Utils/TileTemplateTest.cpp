@@ -310,6 +310,11 @@ TEST_F(TileTemplate, StandsInThePathsDirectoryUnlessItHasARootDirectory) {
     }
 }
 
+TEST_F(TileTemplate, IsTheWholeResultForAPathWithoutADirectory) {
+    EXPECT_EQ("x 1 2.exr", byTemplate("@STEM@ @COLUMN@ @ROW@@EXT@", "x.exr"));
+    EXPECT_EQ("custom/tile_1_2.x.exr", byTemplate("custom/@DEFAULT@", "x.exr"));
+}
+
 TEST_F(TileTemplate, MayBeSetFromALineOfCommand) {
     auto* const config = Sylvar3::OvConfiguration::v1::Config();
     ASSERT_EQ("", config->setFromArgument("VARLIN_TILE_FILENAME=@DEFAULT@=@ROW@"));
