@@ -13,7 +13,7 @@
 #include <SylvarPlatform/SampleAccessor.h>
 
 #include "CountAllocations.h"
-#include "support/IteratorTable.h"
+#include "support/RenderOutputTable.h"
 #include "support/StaticScene.h"
 
 #include <benchmark/benchmark.h>
@@ -59,13 +59,6 @@ GroupAttribute lens() {
     return builder.build();
 }
 
-/// The table, found as a plug-in finds it.
-const OvRenderOutputUtilsSuite& renderOutputTable() {
-    ovtest::iteratorTable();
-    return *static_cast<const OvRenderOutputUtilsSuite*>(OvGetHostTable()->findSuite(
-        OV_RENDER_OUTPUT_UTILS_SUITE_NAME, OV_RENDER_OUTPUT_UTILS_SUITE_VERSION));
-}
-
 /// A render's root with a camera, a material and a tile, as a producer and as an iterator.
 class Scene {
 public:
@@ -83,7 +76,7 @@ public:
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
 
-    const OvRenderOutputUtilsSuite& table = renderOutputTable();
+    const OvRenderOutputUtilsSuite& table = ovtest::renderOutputTable();
     const OvScenegraphIteratorSuite& iterators = ovtest::iteratorTable();
     const OvAttributeSuite& attributes = *OvGetAttributeSuite();
 

@@ -9,12 +9,12 @@
  *
  * It links nothing: all that it calls comes in tables of functions, which the host hands over.
  *
- * -fexceptions, because what goes wrong while a location is cooked (memory that runs out, say)
- * travels through `walk` and `render` as a C++ exception, up to the host, which counts it as a
- * failed render. Some machines end a process that throws through C code without it; x86-64 does
- * not, but that is no promise. C has no way to catch, so what is held at that moment stays held:
- * two iterators, an attribute or two and a list of names. A renderer that must give those back, or
- * go on, is better written in C++.
+ * -fexceptions, because what goes wrong in the host (memory that runs out while a location is
+ * cooked, a resolution that nobody knows) travels through `render` as a C++ exception, up to the
+ * host, which counts it as a failed render. Some machines end a process that throws through C code
+ * without it; x86-64 does not, but that is no promise. C has no way to catch, so what is held at
+ * that moment stays held: iterators, attributes, the open file. A renderer that must give those
+ * back, or go on, is better written in C++.
  */
 #include <OvSylvarProducers/suites/RenderOutputUtilsSuite.h>
 #include <OvSylvarProducers/suites/ScenegraphIteratorSuite.h>
@@ -40,16 +40,6 @@ static void logMessage(int32_t level, const char* before, const char* text) {
         snprintf(message, sizeof message, "%s%s", before, text);
         host->log("CensusC", level, message, __FILE__, __LINE__);
     }
-}
-
-/* A text with a NUL behind it, for the caller to free; null when memory runs out. */
-static char* copyOf(const char* text, size_t length) {
-    char* const copy = (char*)malloc(length + 1);
-    if (copy) {
-        memcpy(copy, text, length);
-        copy[length] = 0;
-    }
-    return copy;
 }
 
 /* ---- Attributes --------------------------------------------------------------------------- */
@@ -86,6 +76,19 @@ static int64_t childCount(OvAttributeStruct* group) {
     return group ? attributes->getNumberOfChildren(group) : 0;
 }
 
+/* The name of a child, for the caller to free; null when memory runs out. The names of children are
+   no C strings: they come with a length. */
+static char* childName(OvAttributeStruct* group, int64_t index) {
+    int32_t length = 0;
+    const char* const start = attributes->getChildName(group, index, &length);
+    const size_t size = start && length > 0 ? (size_t)length : 0;
+    char* const name = (char*)calloc(size + 1, 1);
+    if (name && size > 0) {
+        memcpy(name, start, size);
+    }
+    return name;
+}
+
 /* ---- The render --------------------------------------------------------------------------- */
 
 /* A name that the resolution table does not have ends the render with an exception, and what is held
@@ -111,28 +114,26 @@ static void printCamera(OvSgIteratorStruct* root, FILE* file) {
     giveBack(path);
 }
 
-/* Where an output is rendered to before it is moved to its place. 0 when memory runs out. */
-static int printOutput(OvSgIteratorStruct* root, FILE* file, const char* start, int32_t length) {
-    char* const name = copyOf(start ? start : "", length > 0 ? (size_t)length : 0);
-    if (name) {
-        OvAttributeStruct* const place =
-            output->getRenderOutputTempLocation(root, name, name, "exr", FRAME);
-        fprintf(file, "output %s: %s\n", name, shown(place));
-        giveBack(place);
-    }
-    free(name);
-    return name != 0;
+/* Where an output is rendered to before it is moved to its place. */
+static void printOutput(OvSgIteratorStruct* root, FILE* file, const char* name) {
+    OvAttributeStruct* const place =
+        output->getRenderOutputTempLocation(root, name, name, "exr", FRAME);
+    fprintf(file, "output %s: %s\n", name, shown(place));
+    giveBack(place);
 }
 
-/* The names of children are no C strings: they come with a length. 0 when memory runs out. */
+/* 0 when memory runs out. */
 static int printOutputs(OvSgIteratorStruct* root, FILE* file) {
     OvAttributeStruct* const outputs = scene->sgGetAttribute(root, "renderSettings.outputs");
     int isDone = 1;
     int64_t i;
     for (i = 0; i < childCount(outputs) && isDone; ++i) {
-        int32_t length = 0;
-        const char* const start = attributes->getChildName(outputs, i, &length);
-        isDone = printOutput(root, file, start, length);
+        char* const name = childName(outputs, i);
+        isDone = name != 0;
+        if (isDone) {
+            printOutput(root, file, name);
+        }
+        free(name);
     }
     giveBack(outputs);
     return isDone;
@@ -147,7 +148,8 @@ static int printRender(OvSgIteratorStruct* root, FILE* file) {
 /* ---- What is counted ---------------------------------------------------------------------- */
 
 typedef struct TypeCount {
-    char* type;
+    struct TypeCount* next;
+    OvAttributeStruct* type; /* held, and not copied */
     int64_t locations;
 } TypeCount;
 
@@ -158,72 +160,48 @@ typedef struct Census {
     int64_t points;
     int64_t materials;
     int64_t nodes;
-    TypeCount* types; /* sorted by type */
-    size_t typeCount;
-    size_t typeRoom;
+    TypeCount* types; /* by name; scenes have few, so a list is enough */
 } Census;
 
 /* Where the type is in the list, or where it belongs. */
-static size_t placeOf(const Census* census, const char* type) {
-    size_t from = 0;
-    size_t to = census->typeCount;
-    while (from < to) {
-        const size_t middle = from + (to - from) / 2;
-        if (strcmp(census->types[middle].type, type) < 0) {
-            from = middle + 1;
-        } else {
-            to = middle;
-        }
+static TypeCount** placeOf(Census* census, const char* type) {
+    TypeCount** place = &census->types;
+    while (*place && strcmp(shown((*place)->type), type) < 0) {
+        place = &(*place)->next;
     }
-    return from;
-}
-
-/* Makes room for one more type; 0 when memory runs out. */
-static int reserveType(Census* census) {
-    const size_t room = census->typeRoom ? 2 * census->typeRoom : 16;
-    TypeCount* types;
-    if (census->typeCount < census->typeRoom) {
-        return 1;
-    }
-    types = (TypeCount*)realloc(census->types, room * sizeof *types);
-    if (types) {
-        census->types = types;
-        census->typeRoom = room;
-    }
-    return types != 0;
+    return place;
 }
 
 /* 0 when memory runs out. */
-static int insertType(Census* census, size_t place, const char* type) {
-    char* const copy = reserveType(census) ? copyOf(type, strlen(type)) : 0;
-    TypeCount* at;
-    if (!copy) {
+static int insertType(TypeCount** place, OvAttributeStruct* type) {
+    TypeCount* const count = (TypeCount*)malloc(sizeof *count);
+    if (count) {
+        attributes->retain(type); /* which does nothing for null */
+        count->next = *place;
+        count->type = type;
+        count->locations = 0;
+        *place = count;
+    }
+    return count != 0;
+}
+
+static int countType(Census* census, OvAttributeStruct* type) {
+    TypeCount** const place = placeOf(census, shown(type));
+    const int isThere = *place && strcmp(shown((*place)->type), shown(type)) == 0;
+    if (!isThere && !insertType(place, type)) {
         return 0;
     }
-    at = census->types + place;
-    memmove(at + 1, at, (census->typeCount - place) * sizeof *at);
-    at->type = copy;
-    at->locations = 0;
-    ++census->typeCount;
+    ++(*place)->locations;
     return 1;
 }
 
-static int countType(Census* census, const char* type) {
-    const size_t place = placeOf(census, type);
-    const int isThere = place < census->typeCount && strcmp(census->types[place].type, type) == 0;
-    if (!isThere && !insertType(census, place, type)) {
-        return 0;
+static void freeTypes(TypeCount* count) {
+    while (count) {
+        TypeCount* const next = count->next;
+        giveBack(count->type);
+        free(count);
+        count = next;
     }
-    ++census->types[place].locations;
-    return 1;
-}
-
-static void freeTypes(Census* census) {
-    size_t i;
-    for (i = 0; i < census->typeCount; ++i) {
-        free(census->types[i].type);
-    }
-    free(census->types);
 }
 
 /* ---- One location ------------------------------------------------------------------------- */
@@ -282,18 +260,17 @@ static void printLine(const Census* census, OvSgIteratorStruct* location, const 
 
 /* 0 when memory runs out. */
 static int visit(Census* census, OvSgIteratorStruct* location, int64_t depth) {
-    OvAttributeStruct* const typeAttribute = scene->sgGetAttribute(location, "type");
-    const char* const type = shown(typeAttribute);
+    OvAttributeStruct* const type = scene->sgGetAttribute(location, "type");
     int isCounted;
     if (depth <= DEEPEST_PRINTED) {
-        printLine(census, location, type);
+        printLine(census, location, shown(type));
     }
     ++census->locations;
     census->levels = depth >= census->levels ? depth + 1 : census->levels;
     census->points += pointCount(location);
     countMaterial(census, location);
     isCounted = countType(census, type);
-    giveBack(typeAttribute);
+    giveBack(type);
     return isCounted;
 }
 
@@ -344,7 +321,7 @@ static int walk(Census* census, OvSgIteratorStruct* root) {
 }
 
 static void printSums(const Census* census) {
-    size_t i;
+    const TypeCount* count;
     fprintf(census->file,
             "%lld locations, %lld levels, %lld points, %lld materials, %lld shading nodes\n",
             (long long)census->locations,
@@ -352,11 +329,8 @@ static void printSums(const Census* census) {
             (long long)census->points,
             (long long)census->materials,
             (long long)census->nodes);
-    for (i = 0; i < census->typeCount; ++i) {
-        fprintf(census->file,
-                "%8lld  %s\n",
-                (long long)census->types[i].locations,
-                census->types[i].type);
+    for (count = census->types; count; count = count->next) {
+        fprintf(census->file, "%8lld  %s\n", (long long)count->locations, shown(count->type));
     }
 }
 
@@ -373,7 +347,7 @@ static int takeCensus(OvSgIteratorStruct* root, FILE* file) {
     } else {
         logMessage(OV_LOG_ERROR, "there is not enough memory", "");
     }
-    freeTypes(&census);
+    freeTypes(census.types);
     return isDone;
 }
 

@@ -16,7 +16,8 @@ namespace SYLVAR {
 /// other is dropped without a message. A delegate for any renderer is known under the empty name
 /// alone, and nothing leads from a renderer's name to it: who wants both asks twice.
 ///
-/// Any thread may call everything here; those who come while the plug-ins are asked wait.
+/// Any thread may call everything here; those who come while the plug-ins are asked wait. When
+/// memory runs out meanwhile, `std::bad_alloc` travels, and who comes next asks them all anew.
 class OV_SYLVAR_PRODUCERS_API OvScenegraphLocationDelegateCache {
 public:
     OvScenegraphLocationDelegateCache() = delete;

@@ -49,11 +49,12 @@ bool isNameByte(char c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
 }
 
-/// The end of the variable that begins at the dollar `at`; `at` itself when none does.
-std::size_t endOfVariable(const std::string& text, std::size_t at) {
+/// The end of the variable that begins at the dollar `at`; `at` itself when none does. `lastBrace`
+/// is the place of the text's last "}", behind which none is looked for again and again.
+std::size_t endOfVariable(const std::string& text, std::size_t at, std::size_t lastBrace) {
     if (text.compare(at + 1, 1, "{") == 0) {
-        const std::size_t brace = text.find('}', at);
-        return brace == kNone ? at : brace + 1;
+        const bool isClosed = lastBrace != kNone && at < lastBrace;
+        return isClosed ? text.find('}', at) + 1 : at;
     }
     std::size_t end = at + 1;
     while (end < text.size() && isNameByte(text[end])) {
@@ -97,10 +98,11 @@ std::string expanduser(const std::string& path) {
 std::string expandvars(const std::string& path, const EnvironmentInterface* environment) {
     const ProcessEnvironment ownEnvironment;
     const EnvironmentInterface& variables = environment ? *environment : ownEnvironment;
+    const std::size_t lastBrace = path.rfind('}');
     std::string result;
     std::size_t done = 0;
     for (std::size_t at = path.find('$'); at != kNone; at = path.find('$', at)) {
-        const std::size_t end = endOfVariable(path, at);
+        const std::size_t end = endOfVariable(path, at, lastBrace);
         if (end == at) {
             ++at;
             continue;

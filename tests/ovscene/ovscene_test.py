@@ -78,6 +78,7 @@ class General(OvsceneCase):
             with self.subTest(arguments):
                 self.assertIn(expected, self.fails(2, "tree", *arguments, "small.optree"))
         self.assertEqual("--set=: No such file or directory", self.fails(3, "tree", "--", "--set="))
+        self.assertIn("FILE is required", self.fails(2, "tree", "--="))
 
     def test_a_wrong_number_is_told(self):
         self.assertIn("--depth: '-1' is no number of 0 or more",

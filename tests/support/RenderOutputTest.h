@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <OvSylvarProducers/CameraInfo.h>
 #include <OvSylvarProducers/ScenegraphIteratorHost.h>
 
+#include "support/FreshCaches.h"
 #include "support/HeardLogs.h"
 #include "support/RenderOutputTable.h"
 #include "support/StaticScene.h"
@@ -34,9 +34,9 @@ protected:
 
     static constexpr const char* kCamera = "/root/world/cam/camera";
 
-    RenderOutputTest() { forget(); }
+    RenderOutputTest() { emptySceneCaches(); }
     ~RenderOutputTest() override {
-        forget();
+        emptySceneCaches();
         EXPECT_TRUE(logs.hasLines());
     }
 
@@ -56,12 +56,6 @@ protected:
     const OvRenderOutputUtilsSuite& table = renderOutputTable();
     Iterators iterators;
     HeardLogs logs;
-
-private:
-    void forget() const {
-        table.emptyFlattenedMaterialCache();
-        SYLVAR::ClearCameraInfoCache();
-    }
 };
 
 }  // namespace ovtest

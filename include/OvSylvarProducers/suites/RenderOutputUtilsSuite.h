@@ -105,13 +105,14 @@ typedef struct OvRenderOutputUtilsSuite {
                                                                 float shutterClose);
 
     /* The name of the render's resolution, and its size in pixels, from the root's
-       "renderSettings.resolution"; "square_512" for a null iterator. A null place is not written.
+       "renderSettings.resolution"; "square_512" without one, and for a null iterator. A null place
+       is not written.
        Throws std::runtime_error for a name that the resolution table does not have, and when there
        is no table. */
     OvAttributeStruct* (*getRenderResolution)(OvSgIteratorStruct* root, int* width, int* height);
 
-    /* The path of the render's camera, from the root's "renderSettings.cameraName"; "" for a null
-       iterator. */
+    /* The path of the render's camera, from the root's "renderSettings.cameraName";
+       "/root/world/cam/camera" without one, "" for a null iterator. */
     OvAttributeStruct* (*getCameraPath)(OvSgIteratorStruct* root);
 
     /* Texture assignments rewritten as arbitrary attributes; null for anything that is no group. */
@@ -219,8 +220,8 @@ typedef struct OvRenderOutputUtilsSuite {
                                                       float frame);
 
     /* The path of the tile that is being rendered, from that of the whole picture, by the integers
-       "renderSettings.tileRender" of the location or those above it. The path itself for a null
-       iterator, and where no tile is being rendered. */
+       "renderSettings.tileRender" of the location or those above it: column, row, and perhaps how
+       many of each. The path itself for a null iterator, and where no tile is being rendered. */
     OvAttributeStruct* (*processTilePath)(OvSgIteratorStruct* iterator, const char* path);
 } OvRenderOutputUtilsSuite;
 

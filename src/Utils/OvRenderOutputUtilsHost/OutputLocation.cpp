@@ -7,6 +7,7 @@
 
 #include "Utils/OvRenderOutputUtilsHost/FrameNumber.h"
 #include "Utils/OvRenderOutputUtilsHost/NearestValues.h"
+#include "Utils/OwnedString.h"
 
 #include <boost/filesystem/path.hpp>
 
@@ -51,10 +52,6 @@ std::string tempLocation(GeometryProducer& location,
     return (directory / fileName(prefix, renderId, suffix)).string();
 }
 
-OvAttributeStruct* stringOf(const std::string& text) {
-    return StringAttribute(text).detach();
-}
-
 }  // namespace
 
 OvAttributeStruct* getRenderOutputTempLocation(OvSgIteratorStruct* iterator,
@@ -64,21 +61,21 @@ OvAttributeStruct* getRenderOutputTempLocation(OvSgIteratorStruct* iterator,
                                                float frame) {
     const GeometryProducerPtr location = OvHandleToGeometryProducer(iterator);
     if (!location) {
-        return stringOf("");
+        return ownedString("");
     }
     const std::string output = std::string("renderSettings.outputs.") + outputName;
-    return stringOf(tempLocation(*location, output, prefix, suffix, frame));
+    return ownedString(tempLocation(*location, output, prefix, suffix, frame));
 }
 
 OvAttributeStruct* processTilePath(OvSgIteratorStruct* iterator, const char* path) {
     const GeometryProducerPtr location = OvHandleToGeometryProducer(iterator);
     if (!location) {
-        return stringOf(path);
+        return ownedString(path);
     }
     const auto tile =
         castAttribute<IntAttribute>(location->getGlobalAttribute("renderSettings.tileRender"));
-    return stringOf(tile ? RenderOutputUtilsHost::ProcessTilePath(path, nearestValues<int>(tile))
-                         : path);
+    return ownedString(tile ? RenderOutputUtilsHost::ProcessTilePath(path, nearestValues<int>(tile))
+                            : path);
 }
 
 }  // namespace SYLVAR

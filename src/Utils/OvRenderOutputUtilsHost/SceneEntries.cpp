@@ -10,6 +10,7 @@
 #include <OvSylvarProducers/TextureAttributes.h>
 
 #include "Utils/OvRenderOutputUtilsHost/NearestValues.h"
+#include "Utils/OwnedString.h"
 
 #include <set>
 #include <string>
@@ -19,10 +20,6 @@ namespace SYLVAR {
 namespace {
 
 using Sylvar3::internal::OvAttribute::castAttribute;
-
-OvAttributeStruct* stringOf(const std::string& text) {
-    return StringAttribute(text).detach();
-}
 
 template <class Wanted>
 Wanted borrowed(OvAttributeStruct* attribute) {
@@ -56,13 +53,13 @@ OvAttributeStruct* buildProceduralArgumentsString(OvSgIteratorStruct* iterator,
                                         yres};
     switch (style) {
         case OV_PROCEDURAL_ARGUMENTS_CLASSIC:
-            return stringOf(
+            return ownedString(
                 BuildClassicProceduralArgumentsString(producer, context, attrs, ignoreUnresolved));
         case OV_PROCEDURAL_ARGUMENTS_SCENEGRAPH_ATTR:
-            return stringOf(BuildScenegraphAttrProceduralArgumentsString(
+            return ownedString(BuildScenegraphAttrProceduralArgumentsString(
                 producer, context, attrs, ignoreUnresolved));
         default:
-            return stringOf("");
+            return ownedString("");
     }
 }
 
@@ -86,11 +83,11 @@ OvAttributeStruct* findSampleTimesRelevantToShutterRange(const float* sampleTime
 OvAttributeStruct* getRenderResolution(OvSgIteratorStruct* root, int* width, int* height) {
     std::string name;
     GetRenderResolution(&name, width, height, OvHandleToGeometryProducer(root));
-    return stringOf(name);
+    return ownedString(name);
 }
 
 OvAttributeStruct* getCameraPath(OvSgIteratorStruct* root) {
-    return stringOf(GetCameraPath(OvHandleToGeometryProducer(root)));
+    return ownedString(GetCameraPath(OvHandleToGeometryProducer(root)));
 }
 
 OvAttributeStruct* convertTexturesToArbitraryAttr(OvAttributeStruct* textures) {
@@ -98,11 +95,11 @@ OvAttributeStruct* convertTexturesToArbitraryAttr(OvAttributeStruct* textures) {
 }
 
 OvAttributeStruct* getArchString() {
-    return stringOf(GetArchString());
+    return ownedString(GetArchString());
 }
 
 OvAttributeStruct* expandArchPath(const char* path) {
-    return stringOf(ExpandArchPath(path));
+    return ownedString(ExpandArchPath(path));
 }
 
 OvAttributeStruct* getFlattenedMaterialAttr(OvSgIteratorStruct* iterator,

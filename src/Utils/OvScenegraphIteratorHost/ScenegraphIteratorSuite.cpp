@@ -8,6 +8,7 @@
 #include "Utils/OvScenegraphIteratorHost/FinalizeScene.h"
 #include "Utils/OvScenegraphIteratorHost/IteratorHandle.h"
 #include "Utils/OvScenegraphIteratorHost/RootCreation.h"
+#include "Utils/OwnedString.h"
 
 #include <set>
 #include <string>
@@ -23,10 +24,6 @@ template <class Ask>
 auto answerOf(OvSgIteratorStruct* iterator, Ask ask) -> decltype(ask(*iterator->producer)) {
     const GeometryProducerPtr producer = OvHandleToGeometryProducer(iterator);
     return producer ? ask(*producer) : nullptr;
-}
-
-OvAttributeStruct* stringOf(const std::string& text) {
-    return Attribute::_attrSuite->createString(text.c_str());
 }
 
 OvAttributeStruct* sgLoadOpTreeDescription(const char* filename) {
@@ -75,12 +72,12 @@ OvSgIteratorStruct* sgGetByPath(OvSgIteratorStruct* iterator,
 
 OvAttributeStruct* sgGetName(OvSgIteratorStruct* iterator) {
     return answerOf(iterator,
-                    [](GeometryProducer& producer) { return stringOf(producer.getName()); });
+                    [](GeometryProducer& producer) { return ownedString(producer.getName()); });
 }
 
 OvAttributeStruct* sgGetFullName(OvSgIteratorStruct* iterator) {
     return answerOf(iterator,
-                    [](GeometryProducer& producer) { return stringOf(producer.getFullName()); });
+                    [](GeometryProducer& producer) { return ownedString(producer.getFullName()); });
 }
 
 OvAttributeStruct* sgGetAttribute(OvSgIteratorStruct* iterator, const char* name) {

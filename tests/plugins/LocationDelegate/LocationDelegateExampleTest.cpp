@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <OvSylvarProducers/ScenegraphIteratorHost.h>
-#include <OvSylvarProducers/suites/Initialize.h>
-#include <OvSylvarProducers/suites/RenderOutputUtilsSuite.h>
 #include <SylvarPlatform/DataAttribute.h>
 #include <SylvarPlatform/PluginManager.h>
 
 #include "location_delegate/ProceduralCall.h"
 #include "support/HeardLogs.h"
-#include "support/IteratorTable.h"
+#include "support/RenderOutputTable.h"
 #include "support/StaticScene.h"
 
 #include <gmock/gmock.h>
@@ -23,9 +21,7 @@ using testing::IsEmpty;
 /// A renderer that uses the sample delegate as its header tells.
 class LocationDelegateExample : public testing::Test {
 protected:
-    LocationDelegateExample() : table(outputTable()) {
-        PluginManager::setSearchDirectories({OV_TEST_EXAMPLE_DIR});
-    }
+    LocationDelegateExample() { PluginManager::setSearchDirectories({OV_TEST_EXAMPLE_DIR}); }
     ~LocationDelegateExample() override { EXPECT_THAT(logs_.take(), IsEmpty()); }
 
     /// The call for the location /root; null when there is none.
@@ -39,15 +35,9 @@ protected:
         return static_cast<ProceduralCall*>(result);
     }
 
-    const OvRenderOutputUtilsSuite& table;
+    const OvRenderOutputUtilsSuite& table = ovtest::renderOutputTable();
 
 private:
-    static const OvRenderOutputUtilsSuite& outputTable() {
-        EXPECT_EQ(0, OvSylvarProducersInitialize(OvGetHostTable()));
-        return *static_cast<const OvRenderOutputUtilsSuite*>(OvGetHostTable()->findSuite(
-            OV_RENDER_OUTPUT_UTILS_SUITE_NAME, OV_RENDER_OUTPUT_UTILS_SUITE_VERSION));
-    }
-
     ovtest::HeardLogs logs_;
     ovtest::Iterators iterators_;
 };

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-#include <OvSylvarProducers/suites/Initialize.h>
-#include <OvSylvarProducers/suites/RenderOutputUtilsSuite.h>
-
 #include "plugins/LocationDelegate/DelegateTest.h"
-#include "support/IteratorTable.h"
+#include "support/RenderOutputTable.h"
 
 #include <array>
 #include <cstddef>
@@ -18,17 +15,13 @@ using testing::IsEmpty;
 /// Through the plain table, as a renderer asks.
 class ProcessLocationDelegate : public DelegateTest {
 protected:
-    static const OvRenderOutputUtilsSuite& table() {
-        EXPECT_EQ(0, OvSylvarProducersInitialize(OvGetHostTable()));
-        return *static_cast<const OvRenderOutputUtilsSuite*>(OvGetHostTable()->findSuite(
-            OV_RENDER_OUTPUT_UTILS_SUITE_NAME, OV_RENDER_OUTPUT_UTILS_SUITE_VERSION));
-    }
-
     /// A pointer that must not be followed.
     template <class T>
     T* opaque() {
         return reinterpret_cast<T*>(&places_[used_++]);
     }
+
+    const OvRenderOutputUtilsSuite& table = ovtest::renderOutputTable();
 
 private:
     std::array<void*, 8> places_{};
@@ -43,7 +36,7 @@ TEST_F(ProcessLocationDelegate, HandsOverLocationAndInputAndBringsTheResult) {
     auto* const location = opaque<OvSgIteratorStruct>();
     auto* const input = opaque<void>();
     void* result = nullptr;
-    EXPECT_TRUE(table().processLocationDelegate(location, "ray", "mesh", input, &result));
+    EXPECT_TRUE(table.processLocationDelegate(location, "ray", "mesh", input, &result));
     EXPECT_EQ(delta.instance, delta.processInstance);
     EXPECT_EQ(location, delta.location);
     EXPECT_EQ(input, delta.input);
@@ -57,7 +50,7 @@ TEST_F(ProcessLocationDelegate, HandsOverTheNullIteratorAndNullInput) {
     delta.location = opaque<OvSgIteratorStruct>();
     delta.input = opaque<void>();
     void* result = opaque<void>();
-    EXPECT_TRUE(table().processLocationDelegate(nullptr, "ray", "mesh", nullptr, &result));
+    EXPECT_TRUE(table.processLocationDelegate(nullptr, "ray", "mesh", nullptr, &result));
     EXPECT_EQ(nullptr, delta.location);
     EXPECT_EQ(nullptr, delta.input);
     EXPECT_EQ(nullptr, result);
@@ -68,7 +61,7 @@ TEST_F(ProcessLocationDelegate, CallsTheDelegateWithoutAPlaceForTheResult) {
     ScriptedDelegate& delta = script("Delta", {"mesh"}, "ray");
     delta.instance = opaque<void>();
     auto* const input = opaque<void>();
-    EXPECT_TRUE(table().processLocationDelegate(nullptr, "ray", "mesh", input, nullptr));
+    EXPECT_TRUE(table.processLocationDelegate(nullptr, "ray", "mesh", input, nullptr));
     EXPECT_EQ(input, delta.input);
     EXPECT_STREQ("ctrcp", delta.calls);
 }
@@ -80,7 +73,7 @@ TEST_F(ProcessLocationDelegate, MakesAnInstanceForEachCallAndLeavesItAlone) {
     int* const second = opaque<int>();
     for (int* instance : {first, second}) {
         delta.instance = instance;
-        EXPECT_TRUE(table().processLocationDelegate(nullptr, "ray", "mesh", nullptr, nullptr));
+        EXPECT_TRUE(table.processLocationDelegate(nullptr, "ray", "mesh", nullptr, nullptr));
         EXPECT_EQ(instance, delta.processInstance);
     }
     EXPECT_STREQ("ctrcpcp", delta.calls);
@@ -91,8 +84,8 @@ TEST_F(ProcessLocationDelegate, TakesNoRendererForTheEmptyName) {
     script("Delta", {"mesh"}, "ray").instance = opaque<void>();
     ScriptedDelegate& echo = script("Echo", {"mesh"});
     echo.instance = opaque<void>();
-    EXPECT_TRUE(table().processLocationDelegate(nullptr, nullptr, "mesh", nullptr, nullptr));
-    EXPECT_TRUE(table().processLocationDelegate(nullptr, "", "mesh", nullptr, nullptr));
+    EXPECT_TRUE(table.processLocationDelegate(nullptr, nullptr, "mesh", nullptr, nullptr));
+    EXPECT_TRUE(table.processLocationDelegate(nullptr, "", "mesh", nullptr, nullptr));
     EXPECT_STREQ("ctrcpcp", echo.calls);
 }
 
@@ -113,7 +106,7 @@ TEST_F(ProcessLocationDelegate, IsFalseWithoutADelegateAndTheResultStaysAsItWas)
                            {"ray", "curves"}}) {
         void* result = former;
         EXPECT_FALSE(
-            table().processLocationDelegate(nullptr, row.renderer, row.type, nullptr, &result));
+            table.processLocationDelegate(nullptr, row.renderer, row.type, nullptr, &result));
         EXPECT_EQ(former, result);
     }
     EXPECT_STREQ("ctr", delta.calls);
@@ -130,7 +123,7 @@ TEST_F(ProcessLocationDelegate, AsksNobodyWithoutAType) {
 TEST_F(ProcessLocationDelegate, TakesTheEmptyTypeForAType) {
     search({"first"});
     script("Delta", {""}, "ray").instance = opaque<void>();
-    EXPECT_TRUE(table().processLocationDelegate(nullptr, "ray", "", nullptr, nullptr));
+    EXPECT_TRUE(table.processLocationDelegate(nullptr, "ray", "", nullptr, nullptr));
 }
 
 TEST_F(ProcessLocationDelegate, IsFalseWithoutAnInstanceAndTheResultStaysAsItWas) {
@@ -139,7 +132,7 @@ TEST_F(ProcessLocationDelegate, IsFalseWithoutAnInstanceAndTheResultStaysAsItWas
     delta.result = opaque<void>();
     void* const former = opaque<void>();
     void* result = former;
-    EXPECT_FALSE(table().processLocationDelegate(nullptr, "ray", "mesh", nullptr, &result));
+    EXPECT_FALSE(table.processLocationDelegate(nullptr, "ray", "mesh", nullptr, &result));
     EXPECT_EQ(former, result);
     EXPECT_STREQ("ctrc", delta.calls);
 }
@@ -157,7 +150,7 @@ TEST_F(ProcessLocationDelegate, ClearsTheResultBeforeTheDelegateIsCalled) {
     };
     void* result = opaque<void>();
     seen = result;
-    EXPECT_TRUE(table().processLocationDelegate(nullptr, "ray", "mesh", &result, &result));
+    EXPECT_TRUE(table.processLocationDelegate(nullptr, "ray", "mesh", &result, &result));
     EXPECT_EQ(nullptr, seen);
     EXPECT_EQ(delta.result, result);
 }
@@ -172,7 +165,7 @@ TEST_F(ProcessLocationDelegate, LetsWhatTheDelegateThrowsTravel) {
         }
     };
     void* result = opaque<void>();
-    EXPECT_THROW(table().processLocationDelegate(nullptr, "ray", "mesh", nullptr, &result),
+    EXPECT_THROW(table.processLocationDelegate(nullptr, "ray", "mesh", nullptr, &result),
                  std::runtime_error);
     EXPECT_EQ(nullptr, result);
     EXPECT_STREQ("ctrcp", delta.calls);
@@ -185,7 +178,7 @@ TEST_F(ProcessLocationDelegate, LetsWhatIsThrownInPlaceOfAnInstanceTravel) {
     delta.onCall = [](int, void*) { throw std::runtime_error("no instance today"); };
     void* const former = opaque<void>();
     void* result = former;
-    EXPECT_THROW(table().processLocationDelegate(nullptr, "ray", "mesh", nullptr, &result),
+    EXPECT_THROW(table.processLocationDelegate(nullptr, "ray", "mesh", nullptr, &result),
                  std::runtime_error);
     EXPECT_EQ(former, result);
 }
@@ -194,8 +187,8 @@ TEST_F(ProcessLocationDelegate, TellsTheTypesAsStrings) {
     search({"first"});
     script("Delta", {"mesh", "curves"}, "ray");
     script("Echo", {"points", "light"});
-    const auto typesOf = [](const char* renderer) {
-        OvAttributeStruct* const types = table().getLocationTypesWithDelegates(renderer);
+    const auto typesOf = [this](const char* renderer) {
+        OvAttributeStruct* const types = table.getLocationTypesWithDelegates(renderer);
         EXPECT_EQ(OV_ATTRIBUTE_STRING, OvGetAttributeSuite()->getType(types));
         EXPECT_EQ(1, OvGetAttributeSuite()->getTupleSize(types));
         return ovtest::takeStrings(types);
@@ -211,10 +204,10 @@ TEST_F(ProcessLocationDelegate, StandsWhenPluginCachesAreFlushed) {
     ScriptedDelegate& delta = script("Delta", {"mesh"}, "ray");
     delta.instance = opaque<void>();
     Cache::initializeCache();
-    table().flushPluginCaches(nullptr);
-    table().flushPluginCaches(OV_LOCATION_DELEGATE_API_NAME);
+    table.flushPluginCaches(nullptr);
+    table.flushPluginCaches(OV_LOCATION_DELEGATE_API_NAME);
     EXPECT_EQ(2, delta.flushes);
-    EXPECT_TRUE(table().processLocationDelegate(nullptr, "ray", "mesh", nullptr, nullptr));
+    EXPECT_TRUE(table.processLocationDelegate(nullptr, "ray", "mesh", nullptr, nullptr));
     EXPECT_STREQ("ctrcp", delta.calls);
 }
 

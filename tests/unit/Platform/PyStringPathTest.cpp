@@ -100,6 +100,14 @@ TEST(ExpandVars, LeavesWhatNoVariableCanBeCalled) {
     }
 }
 
+TEST(ExpandVars, LeavesAnyNumberOfBracesThatNobodyCloses) {
+    std::string path = "${}";
+    for (int i = 0; i < 1'000'000; ++i) {
+        path += "${";
+    }
+    EXPECT_TRUE(path == expandvars(path));
+}
+
 TEST(ExpandUser, AnswersAsPython) {
     struct Row {
         std::string home;

@@ -97,7 +97,9 @@ int failUsage(const CLI::App& app, const CLI::ParseError& error) {
 }
 
 bool isOptionWithoutValue(const std::string& argument) {
-    return argument.rfind("--", 0) == 0 && argument.find('=') == argument.size() - 1;
+    constexpr std::size_t kShortest = sizeof("--a=") - 1;
+    return argument.size() >= kShortest && argument.rfind("--", 0) == 0 &&
+           argument.find('=') == argument.size() - 1;
 }
 
 /// The arguments as the parser takes them, the last one first. Of "--name=" it would take the

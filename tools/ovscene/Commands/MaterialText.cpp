@@ -2,6 +2,7 @@
 #include "Commands/MaterialText.h"
 
 #include "Print/AttributeText.h"
+#include "Print/JoinedText.h"
 #include "Print/LocationHeading.h"
 #include "Print/NumberText.h"
 #include "Print/SafeText.h"
@@ -101,11 +102,7 @@ std::string shareText(const MergedMaterial& material, const MaterialShare& share
     if (!material.isNetwork) {
         return counted(static_cast<std::int64_t>(share.gives.size()), "part");
     }
-    std::string terminals;
-    for (const std::string& name : share.gives) {
-        terminals += (terminals.empty() ? "" : ", ") + name;
-    }
-    return counted(share.nodes, "node") + ", for " + terminals;
+    return counted(share.nodes, "node") + ", for " + joined(share.gives);
 }
 
 void printChain(const MaterialView& view, Output& output) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Commands/NearName.h"
 
+#include "Print/JoinedText.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
@@ -42,11 +44,7 @@ std::string nearName(const std::string& written, const std::vector<std::string>&
 }
 
 std::string thereAre(const std::vector<std::string>& names) {
-    std::string list;
-    for (const std::string& name : names) {
-        list += (list.empty() ? "" : ", ") + name;
-    }
-    return (names.size() == 1 ? "there is " : "there are ") + list;
+    return (names.size() == 1 ? "there is " : "there are ") + joined(names);
 }
 
 std::string unknownName(const std::string& kind,

@@ -6,6 +6,7 @@
 #include <SylvarPlatform/suites/RuntimeSuite.h>
 
 #include "Commands/RendererPlugin.h"
+#include "Print/JoinedText.h"
 #include "Scene/LocationDelegates.h"
 #include "Scene/PluginTables.h"
 
@@ -14,14 +15,6 @@
 
 namespace ovscene {
 namespace {
-
-std::string listOf(const std::vector<std::string>& texts) {
-    std::string list;
-    for (const std::string& text : texts) {
-        list += (list.empty() ? "" : ", ") + text;
-    }
-    return list;
-}
 
 /// The first one that has a table cooks.
 PluginOffer offerOfRuntime(const std::string& name, const void* /*table*/) {
@@ -50,7 +43,7 @@ PluginOffer offerOfImporter(const std::string& /*name*/, const void* table) {
     for (const char* const* one = importer.extensions; one && *one; ++one) {
         extensions.emplace_back(*one);
     }
-    return {"imports " + listOf(extensions), {}};
+    return {"imports " + joined(extensions), {}};
 }
 
 PluginOffer offerOfRenderer(const std::string& name, const void* /*table*/) {
@@ -63,7 +56,7 @@ PluginOffer offerOfDelegate(const std::string& /*name*/, const void* table) {
         return {"nothing: " + answer.fault, {}};
     }
     const std::string renderer = answer.renderer.empty() ? "any renderer" : answer.renderer;
-    const std::string types = answer.types.empty() ? "no type" : listOf(answer.types);
+    const std::string types = answer.types.empty() ? "no type" : joined(answer.types);
     return {"for " + renderer + ": " + types, {answer.renderer}};
 }
 

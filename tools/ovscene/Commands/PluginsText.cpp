@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Commands/PluginsText.h"
 
+#include "Print/JoinedText.h"
 #include "Print/NumberText.h"
 #include "Print/SafeText.h"
 #include "Print/Terminal.h"
@@ -69,13 +70,9 @@ void printDelegates(const PluginsView& view, Output& output) {
     output.write("\ntypes of location that have a delegate\n");
     TextTable table(output);
     for (const DelegatesOfRenderer& known : view.delegates) {
-        std::string types;
-        for (const std::string& type : known.types) {
-            types += (types.empty() ? "" : ", ") + type;
-        }
         table.add(
             {known.renderer.empty() ? Cell::left("(any renderer)") : nameCell(known.renderer)},
-            types);
+            joined(known.types));
     }
     table.finish();
 }

@@ -3,6 +3,8 @@
 
 #include <OvSylvarProducers/FlattenedMaterial.h>
 
+#include "Print/JoinedText.h"
+
 #include <algorithm>
 #include <charconv>
 #include <iterator>
@@ -72,14 +74,6 @@ void readClassic(MergedMaterial& merged, VisitLimit& limit) {
         merged.terminals.push_back(
             {name, textOf(merged.group.getChild<StringAttribute>(shader)), origins.at(shader)});
     }
-}
-
-std::string joined(const Names& names) {
-    std::string text;
-    for (const std::string& name : names) {
-        text += (text.empty() ? "" : ", ") + name;
-    }
-    return text;
 }
 
 /// Why a network merge has nothing of a material that has these terminals of its own.

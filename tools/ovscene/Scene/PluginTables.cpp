@@ -4,6 +4,7 @@
 #include <SylvarPlatform/PluginManager.h>
 
 #include "ExitStatus.h"
+#include "Print/JoinedText.h"
 #include "Scene/PluginFolders.h"
 
 namespace ovscene {
@@ -11,14 +12,6 @@ namespace {
 
 using Sylvar3::internal::OvPluginManager::PluginManager;
 using Sylvar3::internal::OvPluginManager::RejectedPlugin;
-
-std::string joined(const std::vector<std::string>& texts, const char* between) {
-    std::string all;
-    for (const std::string& text : texts) {
-        all += (all.empty() ? "" : between) + text;
-    }
-    return all;
-}
 
 }  // namespace
 
@@ -44,7 +37,7 @@ void throwNoPlugin(const std::string& kind) {
     const std::string unusable = joined(unusablePlugins(), "; ");
     throw CommandError(ExitStatus::PluginUnusable,
                        "no " + kind + " plug-in; searched " +
-                           joined(PluginManager::getSearchDirectories(), ", ") +
+                           joined(PluginManager::getSearchDirectories()) +
                            (unusable.empty() ? "" : "; " + unusable));
 }
 
