@@ -91,8 +91,8 @@ static char* childName(OvAttributeStruct* group, int64_t index) {
 
 /* ---- The render --------------------------------------------------------------------------- */
 
-/* A name that the resolution table does not have ends the render with an exception, and what is held
-   by then is lost: C cannot give it back. */
+/* A name that the resolution table does not have ends the render with an exception, and what is
+   held by then is lost: C cannot give it back. */
 static void printResolution(OvSgIteratorStruct* root, FILE* file) {
     int width = 0;
     int height = 0;

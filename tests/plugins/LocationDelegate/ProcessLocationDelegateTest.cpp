@@ -115,7 +115,7 @@ TEST_F(ProcessLocationDelegate, IsFalseWithoutADelegateAndTheResultStaysAsItWas)
 TEST_F(ProcessLocationDelegate, AsksNobodyWithoutAType) {
     search({"first"});
     const ScriptedDelegate& delta = script("Delta", {"mesh"}, "ray");
-    EXPECT_FALSE(table().processLocationDelegate(nullptr, "ray", nullptr, nullptr, nullptr));
+    EXPECT_FALSE(table.processLocationDelegate(nullptr, "ray", nullptr, nullptr, nullptr));
     EXPECT_FALSE(Cache::isCacheInitialized());
     EXPECT_STREQ("", delta.calls);
 }

@@ -11,6 +11,7 @@
 
 #include <cstdint>
 #include <dlfcn.h>
+#include <ostream>
 #include <string>
 #include <utility>
 
@@ -24,6 +25,10 @@ struct Example {
     const char* name;
     const char* file;
 };
+
+void PrintTo(const Example& example, std::ostream* stream) {
+    *stream << example.name;
+}
 
 class RendererHost : public testing::TestWithParam<Example> {
 protected:
