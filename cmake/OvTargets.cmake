@@ -147,7 +147,7 @@ function(ov_test name)
     add_test(NAME ${name} COMMAND ${target})
     set_tests_properties(${name} PROPERTIES LABELS ${label} TIMEOUT 300)
   else()
-    gtest_discover_tests(${target} TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+    gtest_discover_tests(${target} TEST_PREFIX ${name}. NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
       PROPERTIES LABELS ${label} TIMEOUT 120)
   endif()
 endfunction()

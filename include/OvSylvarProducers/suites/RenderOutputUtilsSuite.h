@@ -97,8 +97,8 @@ typedef struct OvRenderOutputUtilsSuite {
                                      const char* cameraPath,
                                      const char* resolutionName);
 
-    /* The times among the samples, in any order, that matter while the shutter is open, ascending:
-       floats, of which there may be none. */
+    /* The times among the samples, in any order and none of them NaN, that matter while the shutter
+       is open, ascending: floats, of which there may be none. */
     OvAttributeStruct* (*findSampleTimesRelevantToShutterRange)(const float* sampleTimes,
                                                                 unsigned count,
                                                                 float shutterOpen,
