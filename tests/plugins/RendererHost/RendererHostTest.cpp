@@ -5,6 +5,7 @@
 #include <SylvarPlatform/suites/Renderer.h>
 
 #include "support/HeardLogs.h"
+#include "support/HostWithout.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -41,18 +42,6 @@ protected:
         return symbol ? reinterpret_cast<OvGetPluginFunction>(symbol)(0) : nullptr;
     }
 
-    /// The platform's host without one suite.
-    static const OvHostTable& hostWithout(const std::string& suite) {
-        static std::string missing;
-        static OvHostTable table;
-        missing = suite;
-        table = *OvGetHostTable();
-        table.findSuite = [](const char* name, std::uint32_t version) -> const void* {
-            return name == missing ? nullptr : OvGetHostTable()->findSuite(name, version);
-        };
-        return table;
-    }
-
     /// Whether it is taken by that host and renders a job without a scene.
     static bool renders(const OvHostTable& host) {
         const OvPluginStruct* const census = plugin();
@@ -74,7 +63,7 @@ TEST_P(RendererHost, ThatLacksASuiteIsToldWhich) {
     for (const auto& [suite, version] : {std::pair("RenderOutputUtilsHost", 3),
                                          std::pair("ScenegraphIteratorHost", 3),
                                          std::pair("Attribute", 1)}) {
-        EXPECT_FALSE(renders(hostWithout(suite)));
+        EXPECT_FALSE(renders(ovtest::hostWithout(suite)));
         const std::string reason = "the host has no suite \"" + std::string(suite) +
                                    "\", version " + std::to_string(version);
         EXPECT_THAT(logs.take(),

@@ -2,6 +2,7 @@
 #include <SylvarPlatform/suites/Plugin.h>
 
 #include "suites/RenderOutputView/RenderOutputViewTest.h"
+#include "support/HostWithout.h"
 #include "support/InProcessPlugin.h"
 
 #include <functional>
@@ -15,20 +16,8 @@ namespace {
 
 using namespace SYLVAR::Suites;
 
-class RenderOutputView : public ovtest::RenderOutputViewTest {
-protected:
-    /// A host that has all suites but one.
-    template <std::size_t kLength>
-    static OvHostTable hostWithout(const char (&name)[kLength]) {
-        static std::string missing;
-        missing = name;
-        OvHostTable table = host();
-        table.findSuite = [](const char* wanted, std::uint32_t version) -> const void* {
-            return wanted == missing ? nullptr : host().findSuite(wanted, version);
-        };
-        return table;
-    }
-};
+using ovtest::hostWithout;
+using RenderOutputView = ovtest::RenderOutputViewTest;
 
 TEST_F(RenderOutputView, IsFoundThroughTheHost) {
     fake.at("/root");

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "suites/SceneView/SceneViewTest.h"
+#include "support/HostWithout.h"
 
 #include <cstring>
 #include <stdexcept>
@@ -9,20 +10,8 @@ namespace {
 
 using namespace SYLVAR::Suites;
 
-class SceneView : public ovtest::SceneViewTest {
-protected:
-    /// A host that has all suites but one.
-    template <std::size_t kLength>
-    static OvHostTable hostWithout(const char (&name)[kLength]) {
-        static std::string missing;
-        missing = name;
-        OvHostTable table = host();
-        table.findSuite = [](const char* wanted, std::uint32_t version) -> const void* {
-            return wanted == missing ? nullptr : host().findSuite(wanted, version);
-        };
-        return table;
-    }
-};
+using ovtest::hostWithout;
+using SceneView = ovtest::SceneViewTest;
 
 TEST_F(SceneView, IsFoundThroughTheHost) {
     fake.at("/root");
