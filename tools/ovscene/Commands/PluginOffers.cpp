@@ -90,8 +90,7 @@ constexpr KnownApi kKnownApis[] = {
     {OV_LOCATION_DELEGATE_API_NAME,
      OV_LOCATION_DELEGATE_API_VERSION,
      "A location delegate: handles locations of some types in a renderer's place. Renderers ask "
-     "for "
-     "one by type and by their name; of two for the same the first one is taken.",
+     "for one by type and by their name; of two for the same the first one is taken.",
      offerOfDelegate}};
 
 /// In any version; null when there is none.
