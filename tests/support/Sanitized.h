@@ -17,4 +17,17 @@ constexpr bool kIsSanitized = false;
 constexpr bool kIsSanitized = false;
 #endif
 
+/// Whether it is the sanitizer of threads.
+#if defined(__SANITIZE_THREAD__)
+constexpr bool kIsThreadSanitized = true;
+#elif defined(__has_feature)
+#if __has_feature(thread_sanitizer)
+constexpr bool kIsThreadSanitized = true;
+#else
+constexpr bool kIsThreadSanitized = false;
+#endif
+#else
+constexpr bool kIsThreadSanitized = false;
+#endif
+
 }  // namespace ovtest

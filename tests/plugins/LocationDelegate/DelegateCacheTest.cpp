@@ -72,7 +72,7 @@ TEST_F(LocationDelegateCache, IsEmptyAndInitializedWithoutPlugins) {
 }
 
 TEST_F(LocationDelegateCache, IsInitializedByTheNextQuestionWhenMemoryRanOut) {
-    if (ovtest::kIsSanitized) {
+    if (ovtest::kIsThreadSanitized) {
         GTEST_SKIP() << "to the thread sanitizer a once-flag that threw is still being set";
     }
     search({"first"});
